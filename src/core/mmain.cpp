@@ -1,0 +1,144 @@
+#include "core/mmain.h"
+
+#include "core/errorreport.h"
+#include "core/globals.h"
+#include "core/language.h"
+#include "core/previnstance.h"
+#include "core/seams.h"
+#include "mainwindow/form1.h"
+#include "phonebook/login.h"
+#include "preferences/mru.h"
+#include "preferences/regsettings.h"
+#include "preferences/settings.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+
+using namespace mLanguageGobals;
+
+namespace mMain {
+
+namespace {
+QString gCommandLine;
+
+// The build runs on the platform it was made for; anything else is refused as before.
+bool PlatformSupported() {
+#if defined(Q_OS_LINUX)
+    return true;
+#else
+    return false;
+#endif
+}
+} // namespace
+
+int Run(int argc, char** argv) {
+    QApplication app(argc, argv);
+    QCoreApplication::setOrganizationName(AppTitle());
+    QCoreApplication::setApplicationName(AppTitle());
+    QCoreApplication::setApplicationVersion(mRegSettings::ProgramVersion());
+    QStringList args = QCoreApplication::arguments();
+    args.removeFirst();
+    gCommandLine = args.join(QLatin1Char(' '));
+    Main();
+    if (!gMainFormShown) return 0;
+    const int rc = app.exec();
+    delete gForm1;
+    return rc;
+}
+
+void SetCommandLine(const QString& commandLine) { gCommandLine = commandLine; }
+
+void Main() {
+    RunEvent("mMain.Main", [] {
+        // 1. Every later message comes from the catalogue.
+        mLanguageEng::lngEng();
+        // 2. The platform.
+        if (!PlatformSupported()) {
+            MsgBox(msgKelvarinSupportsOnly, vb::vbOKOnly, vb::vbExclamation);
+            return;
+        }
+        // 3. A running first instance is brought forward and this one ends.
+        if (mPrevInstance::PrevInstance()) {
+            mPrevInstance::ShowPrevInstance();
+            return;
+        }
+        // 4. Recorded only.
+        gManifestPresent = QFile::exists(QCoreApplication::applicationDirPath() + QStringLiteral("/Kelvarin.exe.manifest"));
+        gRuntimePresent = QFile::exists(QStringLiteral("msvbvm60.dll"));
+        // 5. The file through which photos pass.
+        gPhotoTempFile = QDir::tempPath() + QStringLiteral("/kvdb_photo");
+        // 6. Preferences; the version is saved last, after the two steps that compare with it.
+        mRegSettings::CorrectingPreferencesFormat();
+        RunEvent("mRegSettings.IniPreferences", [] { mRegSettings::IniPreferences(); });
+        mRegSettings::ForceShowTipOfDay();
+        mRegSettings::ResetPanesLayout();
+        mRegSettings::SaveVersion();
+        // 7. Which phonebook.
+        if (!gCommandLine.isEmpty()) {
+            gDBPath = QString(gCommandLine).remove(QLatin1Char('"'));
+        } else {
+            // One level normally; on Linux the documents folder itself may be missing in a fresh home.
+            if (!QDir(DefaultFolder()).exists()) QDir().mkpath(DefaultFolder());
+            const QString recent = GetSetting(AppTitle(), QStringLiteral("Recent"), QStringLiteral("1"));
+            if (recent.isEmpty())
+                gDBPath = QFile::exists(ProgramFolderPhonebook()) ? ProgramFolderPhonebook() : DefaultPhonebook();
+            else
+                gDBPath = recent;
+        }
+        mMru::LoadMRUList();
+        // 8. Open, or create, and upgrade.
+        const bool connected = mLogin::LoginCnn(true);
+        // 10. The main window.
+        auto* form = new Form1();
+        mRegSettings::GetWindowConfig(form, QStringLiteral("Form1"));
+        form->show();
+        form->SetNoImage();
+        form->ROSwitch();
+        mMru::ShowMRUList();
+        // 11.-12.
+        gNotConnected = !connected;
+        if (connected) {
+            mCommon::EditCaption();
+            mCommon::NotConnected(false);
+            if (!gCommandLine.isEmpty()) mMru::AddToMRUList(gDBPath);
+        } else {
+            mCommon::NotConnected(true);
+            mCommon::EditCaption();
+        }
+        // 13.
+        form->MenuUpdate();
+        form->RefreshSummary();
+        // 17.
+        gMainFormShown = true;
+    });
+}
+
+void Closing() {
+    if (gDBOpen) {
+        gDB.Close();
+        gDBOpen = false;
+        gDB = dao::Database();
+    }
+    if (gWSOpen) {
+        gWS.Close();
+        gWSOpen = false;
+        gWS = dao::Workspace();
+    }
+}
+
+void MainFormHide() {
+    if (gForm1) gForm1->hide();
+    gMainFormShown = false;
+}
+
+void MainFormShow() {
+    if (gForm1) {
+        gForm1->showNormal();
+        gForm1->raise();
+        gForm1->activateWindow();
+    }
+    gMainFormShown = true;
+}
+
+} // namespace mMain

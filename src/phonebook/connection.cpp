@@ -1,0 +1,63 @@
+#include "core/error.h"
+#include "core/globals.h"
+#include "core/language.h"
+#include "mainwindow/form1.h"
+#include "phonebook/login.h"
+#include "preferences/preferences.h"
+#include "support/helpers/files.h"
+
+#include <QAction>
+#include <QLabel>
+
+using namespace mLanguageGobals;
+
+namespace mCommon {
+
+namespace {
+// Commands that stay usable without a phonebook.
+bool usableWithoutPhonebook(int id) {
+    static const int singles[] = {100, 101, 105, 106, 117, 199, 299, 399, 412, 522, 599, 603, 10299, 10300, 10399, 10419, 10420, 59392};
+    for (int s : singles)
+        if (id == s) return true;
+    const int ranges[][2] = {{1, 10}, {512, 520}, {699, 701}, {703, 706}, {799, 799}, {10101, 10105}, {10199, 10225}, {10304, 10307}};
+    for (const auto& r : ranges)
+        if (id >= r[0] && id <= r[1]) return true;
+    return false;
+}
+} // namespace
+
+void Disconnect() {
+    HUNT_PLACE("mCommon.Disconnect");
+    if (gForm1) {
+        gForm1->SetNoImage();
+        gForm1->lblPath->clear();
+        gForm1->lblCounts->clear();
+    }
+    if (gDBOpen || gDB.isOpen()) gDB.Close();
+    gDBOpen = false;
+    if (gWSOpen) gWS.Close();
+    gWSOpen = false;
+    gDB = dao::Database();
+    gWS = dao::Workspace();
+}
+
+void NotConnected(bool mode) {
+    HUNT_PLACE("mCommon.NotConnected(mode)", mode);
+    gNotConnected = mode;
+    if (!gForm1) return;
+    for (auto it = gForm1->Actions.constBegin(); it != gForm1->Actions.constEnd(); ++it)
+        if (!usableWithoutPhonebook(it.key())) it.value()->setEnabled(!mode);
+}
+
+void EditCaption() {
+    HUNT_PLACE("mCommon.EditCaption");
+    if (!gForm1) return;
+    QString title = AppTitle();
+    if (!gNotConnected && gDBOpen) {
+        title += QStringLiteral(" - ") + gDBPath;
+        if (BDSizeOnTitle) title += QStringLiteral(" - ") + msgDatabaseSize + mScanCD::GetFileDBSize(false, gDBPath);
+    }
+    gForm1->setWindowTitle(title);
+}
+
+} // namespace mCommon

@@ -1,0 +1,107 @@
+// The recent phonebooks list: its order and length in memory, in the store and in the menu.
+#include "core/globals.h"
+#include "preferences/mru.h"
+#include "preferences/mrumenu.h"
+#include "preferences/settings.h"
+#include "support/fixture.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QSignalSpy>
+#include <QStandardPaths>
+
+using namespace mMru;
+
+namespace {
+
+class RecentList : public fixture::TempDirTest {
+protected:
+    void SetUp() override {
+        TempDirTest::SetUp();
+        LoadMRUList();
+    }
+    static QStringList Stored() {
+        QStringList l;
+        for (int n = 1; n <= 12; ++n) l << GetSetting(AppTitle(), "Recent", QString::number(n));
+        while (!l.isEmpty() && l.last().isEmpty()) l.removeLast();
+        return l;
+    }
+    static void AddAll(const QStringList& paths) {
+        for (const QString& p : paths) AddToMRUList(p);
+    }
+};
+
+} // namespace
+
+TEST_F(RecentList, NewestFirstWithoutDuplicatesAndAtMostTen) {
+    AddAll({"/a.kvdb", "/b.kvdb", "/c.kvdb"});
+    EXPECT_EQ(MRUFiles, QStringList({"/c.kvdb", "/b.kvdb", "/a.kvdb"}));
+
+    AddToMRUList("/c.kvdb"); // already first: nothing moves
+    EXPECT_EQ(MRUFiles, QStringList({"/c.kvdb", "/b.kvdb", "/a.kvdb"}));
+    AddToMRUList("/a.kvdb"); // from the end to the front
+    EXPECT_EQ(MRUFiles, QStringList({"/a.kvdb", "/c.kvdb", "/b.kvdb"}));
+    AddToMRUList("/A.kvdb"); // another file: names compare exactly
+    EXPECT_EQ(MRUFiles.size(), 4);
+    EXPECT_EQ(Stored(), MRUFiles);
+
+    ClearMRUList();
+    for (int i = 1; i <= 11; ++i) AddToMRUList(QString("/f%1.kvdb").arg(i));
+    ASSERT_EQ(MRUFiles.size(), 10);
+    EXPECT_EQ(MRUFiles.first(), "/f11.kvdb");
+    EXPECT_EQ(MRUFiles.last(), "/f2.kvdb"); // the oldest went
+    EXPECT_EQ(Stored(), MRUFiles);
+
+    LoadMRUList();
+    EXPECT_EQ(MRUFiles.size(), 10);
+    EXPECT_EQ(MRUFiles.first(), "/f11.kvdb");
+}
+
+TEST_F(RecentList, AGapHidesEverythingBehindIt) {
+    SaveSetting(AppTitle(), "Recent", "1", "/one.kvdb");
+    SaveSetting(AppTitle(), "Recent", "2", "/two.kvdb");
+    SaveSetting(AppTitle(), "Recent", "4", "/four.kvdb");
+    LoadMRUList();
+    EXPECT_EQ(MRUFiles, QStringList({"/one.kvdb", "/two.kvdb"}));
+
+    // The next change stores the list as shown, so the hidden entry cannot come back later.
+    AddToMRUList("/new.kvdb");
+    EXPECT_EQ(Stored(), QStringList({"/new.kvdb", "/one.kvdb", "/two.kvdb"}));
+}
+
+TEST_F(RecentList, MenuShowsTheListAndHidesTheRest) {
+    QMenu file;
+    QAction* exitAction = file.addAction("Exit");
+    auto* recent = new MruMenu(&file, exitAction);
+    QSignalSpy chosen(recent, &MruMenu::chosen);
+
+    AddAll({"/home/me/work.kvdb", "/home/me/R&D.kvdb"});
+    EXPECT_EQ(ShowMRUList(), QStringList({"&1 /home/me/R&D.kvdb", "&2 /home/me/work.kvdb"}));
+    EXPECT_EQ(recent->mnuFileMRU(1)->text(), "&1 /home/me/R&&D.kvdb");
+    EXPECT_TRUE(recent->mnuFileMRU(2)->isVisible());
+    EXPECT_FALSE(recent->mnuFileMRU(3)->isVisible());
+    EXPECT_EQ(file.actions().last(), exitAction);
+
+    recent->mnuFileMRU(2)->trigger();
+    ASSERT_EQ(chosen.count(), 1);
+    EXPECT_EQ(chosen.at(0).at(1).toString(), "/home/me/work.kvdb");
+
+    ClearMRUList();
+    EXPECT_TRUE(MRUFiles.isEmpty());
+    EXPECT_TRUE(Stored().isEmpty());
+    EXPECT_FALSE(recent->mnuFileMRU(1)->isVisible());
+    EXPECT_EQ(recent->mnuFileMRU(1)->text(), "-");
+}
+
+TEST_F(RecentList, ClearingKeepsTheOpenPhonebookUnlessItIsTheDefault) {
+    const QString saved = gDBPath;
+    AddAll({"/x.kvdb", "/y.kvdb"});
+    gDBPath = "/x.kvdb";
+    ClearMRUListKeepCurrent();
+    EXPECT_EQ(Stored(), QStringList({"/x.kvdb"}));
+
+    gDBPath = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) + "/Kelvarin/phonebook.kvdb";
+    ClearMRUListKeepCurrent();
+    EXPECT_TRUE(Stored().isEmpty());
+    gDBPath = saved;
+}

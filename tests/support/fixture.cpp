@@ -1,0 +1,66 @@
+#include "support/fixture.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QSettings>
+#include <QStandardPaths>
+
+namespace fixture {
+
+void SetUpProcess() {
+    static QTemporaryDir home(QDir::tempPath() + QStringLiteral("/kelvarin-test-home-XXXXXX"));
+    qputenv("HOME", home.path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", (home.path() + QStringLiteral("/.config")).toUtf8());
+    qputenv("XDG_DATA_HOME", (home.path() + QStringLiteral("/.local/share")).toUtf8());
+    QDir(home.path()).mkpath(QStringLiteral("Documents"));
+    QStandardPaths::setTestModeEnabled(true);
+    QCoreApplication::setOrganizationName(QStringLiteral("Kelvarin"));
+    QCoreApplication::setApplicationName(QStringLiteral("Kelvarin"));
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.path() + QStringLiteral("/.config"));
+    // A message box nobody expected fails the test instead of waiting for a person.
+    SetMsgBoxHandler([](const QString& text, int, int, const QString&) {
+        ADD_FAILURE() << "unexpected message box: " << text.toStdString();
+        return int(vb::vbCancel);
+    });
+    SetModalHandler([](QDialog*, QWidget*) {
+        ADD_FAILURE() << "unexpected modal window";
+        return 0;
+    });
+    SetShellHandler([](const QString& target) {
+        ADD_FAILURE() << "unexpected shell hand-off: " << target.toStdString();
+        return false;
+    });
+}
+
+MsgBoxRecorder::MsgBoxRecorder(int a) : answer(a) {
+    m_old = SetMsgBoxHandler([this](const QString& text, int buttons, int icon, const QString& title) {
+        boxes.append(Box{text, buttons, icon, title});
+        return answer;
+    });
+}
+
+MsgBoxRecorder::~MsgBoxRecorder() { SetMsgBoxHandler(m_old); }
+
+QStringList MsgBoxRecorder::texts() const {
+    QStringList l;
+    for (const Box& b : boxes) l << b.text;
+    return l;
+}
+
+ModalRecorder::ModalRecorder(std::function<int(QDialog*)> act) : m_act(std::move(act)) {
+    m_old = SetModalHandler([this](QDialog* form, QWidget*) {
+        ++shown;
+        return m_act(form);
+    });
+}
+
+ModalRecorder::~ModalRecorder() { SetModalHandler(m_old); }
+
+void TempDirTest::SetUp() {
+    ASSERT_TRUE(m_dir.isValid());
+    QSettings().clear();
+}
+
+void TempDirTest::TearDown() { QSettings().clear(); }
+
+} // namespace fixture
