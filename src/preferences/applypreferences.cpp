@@ -25,7 +25,9 @@ void ApplyPreferenceFont(QWidget* frm) {
     if (frm && !FontName.isEmpty()) frm->setFont(PreferenceFont(frm->font()));
 }
 
-int LvTvIconSize() { return LvTvLargeIcons ? 32 : 16; }
+int LvTvIconSize() {
+    return LvTvLargeIcons ? 32 : 16;
+}
 
 void ApplyPreferences(bool pFromStart, int oldToolbarTheme, int oldAppTheme, const QList<QWidget*>& pViews,
                       const std::function<void(bool large)>& pIconSettings) {

@@ -12,14 +12,32 @@ namespace {
 const QString kMissing = QStringLiteral("no");
 
 // The keys that the old section held, in the order they are copied.
-const char* const kOldKeys[] = {
-    "TipOfTheDayAtStart", "BDSizeOnTitle",      "DuplicateWarning", "DeleteDiskWarning", "SaveWindowLocation",
-    "SaveWindowSize",     "ToolbarTheme",       "AppTheme",         "ShowToolTip",       "ShowLargeIcons",
-    "LockToolbar",        "PaneCategories",     "PaneDisks",        "PaneDiskContents",  "ShowStatusbar",
-    "FlatToolbar",        "MinimizeToTray",     "WindowAnimation1", "AnimationSpeed",    "CategoryNormalMode",
-    "FileDoubleClick",    "TipOfTheDayCurrent", "TipOfTheDayShowAll", "MainLeft",        "MainTop",
-    "WindowState",
-};
+const char* const kOldKeys[] = {"TipOfTheDayAtStart",
+                                "BDSizeOnTitle",
+                                "DuplicateWarning",
+                                "DeleteDiskWarning",
+                                "SaveWindowLocation",
+                                "SaveWindowSize",
+                                "ToolbarTheme",
+                                "AppTheme",
+                                "ShowToolTip",
+                                "ShowLargeIcons",
+                                "LockToolbar",
+                                "PaneCategories",
+                                "PaneDisks",
+                                "PaneDiskContents",
+                                "ShowStatusbar",
+                                "FlatToolbar",
+                                "MinimizeToTray",
+                                "WindowAnimation1",
+                                "AnimationSpeed",
+                                "CategoryNormalMode",
+                                "FileDoubleClick",
+                                "TipOfTheDayCurrent",
+                                "TipOfTheDayShowAll",
+                                "MainLeft",
+                                "MainTop",
+                                "WindowState"};
 
 } // namespace
 

@@ -26,8 +26,8 @@ MenuHandler& menu() {
 
 // The phonebook the program creates when it finds none: personal folder, application title.
 QString defaultPhonebook() {
-    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) + QLatin1Char('/') + AppTitle() +
-           QStringLiteral("/phonebook.kvdb");
+    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) + QLatin1Char('/') +
+           AppTitle() + QStringLiteral("/phonebook.kvdb");
 }
 
 // The store holds exactly the list: keys beyond it, left behind a gap, go.
@@ -73,7 +73,8 @@ void AddToMRUList(const QString& file_name) {
     MRUFiles.prepend(file_name);
     for (int i = MRUFiles.size() - 1; i >= 1; --i)
         if (MRUFiles.at(i) == file_name) MRUFiles.removeAt(i);
-    while (MRUFiles.size() > kMaxEntries) MRUFiles.removeLast();
+    while (MRUFiles.size() > kMaxEntries)
+        MRUFiles.removeLast();
     storeList();
     ShowMRUList();
 }
@@ -81,7 +82,8 @@ void AddToMRUList(const QString& file_name) {
 QStringList ShowMRUList() {
     HUNT_PLACE("mMru.ShowMRUList");
     QStringList captions;
-    for (int n = 1; n <= MRUFiles.size(); ++n) captions.append(MRUCaption(n, MRUFiles.at(n - 1)));
+    for (int n = 1; n <= MRUFiles.size(); ++n)
+        captions.append(MRUCaption(n, MRUFiles.at(n - 1)));
     if (menu()) menu()(captions);
     return captions;
 }

@@ -33,9 +33,13 @@ MruMenu::MruMenu(QMenu* menu, QAction* before) : QObject(menu) {
     mMru::SetMenuHandler([this](const QStringList& captions) { Show(captions); });
 }
 
-MruMenu::~MruMenu() { mMru::SetMenuHandler({}); }
+MruMenu::~MruMenu() {
+    mMru::SetMenuHandler({});
+}
 
-QAction* MruMenu::mnuFileMRU(int n) const { return n >= 1 && n <= m_entries.size() ? m_entries.at(n - 1) : nullptr; }
+QAction* MruMenu::mnuFileMRU(int n) const {
+    return n >= 1 && n <= m_entries.size() ? m_entries.at(n - 1) : nullptr;
+}
 
 void MruMenu::Show(const QStringList& captions) {
     for (int i = 0; i < m_entries.size(); ++i) {

@@ -12,7 +12,7 @@ class QMenu;
 
 class MruMenu : public QObject {
     Q_OBJECT
-public:
+  public:
     // Inserts the hidden entries into `menu` before `before`, or at its end when that is null.
     explicit MruMenu(QMenu* menu, QAction* before = nullptr);
     ~MruMenu() override;
@@ -22,10 +22,10 @@ public:
     // Shows one entry per caption and hides the rest, with the caption "-".
     void Show(const QStringList& captions);
 
-signals:
+  signals:
     // Entry `index` (from 1) was chosen; `path` is that entry of the list.
     void chosen(int index, const QString& path);
 
-private:
+  private:
     QList<QAction*> m_entries;
 };

@@ -44,9 +44,15 @@ namespace mRegSettings {
 
 namespace {
 
-QString pref(const char* key) { return ReadSetting(kPreferencesNew, QLatin1String(key)); }
-bool prefBool(const char* key) { return SettingBool(pref(key)); }
-int prefInt(const char* key) { return SettingInt(pref(key)); }
+QString pref(const char* key) {
+    return ReadSetting(kPreferencesNew, QLatin1String(key));
+}
+bool prefBool(const char* key) {
+    return SettingBool(pref(key));
+}
+int prefInt(const char* key) {
+    return SettingInt(pref(key));
+}
 
 // A font style key that is missing keeps the variable as it is: the store then holds a font
 // name from a hand edit, and the name alone still applies.

@@ -38,7 +38,8 @@ QString ProgramVersion();
 // Puts the list and tree preferences into `pViews`: the chosen font, when there is one, and the
 // icon size. `pIconSettings`, when given, is told whether large icons are wanted, so that the
 // main window can switch its image lists.
-void ApplyPreferences(bool pFromStart, int oldToolbarTheme, int oldAppTheme, const QList<QWidget*>& pViews = {},
+void ApplyPreferences(bool pFromStart, int oldToolbarTheme, int oldAppTheme,
+                      const QList<QWidget*>& pViews = {},
                       const std::function<void(bool large)>& pIconSettings = {});
 // `base` with the preferred font's name, style and size; `base` itself when none is chosen.
 QFont PreferenceFont(const QFont& base);

@@ -74,7 +74,8 @@ const Default kDefaults[] = {
     {"ReportOptions", "ShortCategory", "0"},
     {"ReportOptions", "ShortBox", "0"},
     {"ReportOptions", "DiskColumns",
-     "+FullName|+Title|+Company|+Numbers|+Address|+City|+State|+Zip|+Comment|+Category|+Favorite|+#|+Added|+Box"},
+     "+FullName|+Title|+Company|+Numbers|+Address|+City|+State|+Zip|+Comment|+Category|+Favorite|+#|+Added|+"
+     "Box"},
 };
 
 // A section pattern ending in "\*" stands for every sub-group below that name.
@@ -85,7 +86,9 @@ bool sectionMatches(const char* pattern, const QString& Section) {
     return Section.size() > prefix.size() && Section.startsWith(prefix, Qt::CaseInsensitive);
 }
 
-bool isPattern(const char* section) { return QString::fromLatin1(section).endsWith(QLatin1String("\\*")); }
+bool isPattern(const char* section) {
+    return QString::fromLatin1(section).endsWith(QLatin1String("\\*"));
+}
 
 } // namespace
 

@@ -16,11 +16,14 @@ QSettings store(const QString& AppName) {
 QString group(const QString& Section) {
     QString g = Section;
     g.replace(QLatin1Char('\\'), QLatin1Char('/'));
-    while (g.endsWith(QLatin1Char('/'))) g.chop(1);
+    while (g.endsWith(QLatin1Char('/')))
+        g.chop(1);
     return g;
 }
 
-QString path(const QString& Section, const QString& Key) { return group(Section) + QLatin1Char('/') + Key; }
+QString path(const QString& Section, const QString& Key) {
+    return group(Section) + QLatin1Char('/') + Key;
+}
 
 // A value written by hand without quotes may come back as a list when it holds a comma.
 QString text(const QVariant& v) {
@@ -30,7 +33,8 @@ QString text(const QVariant& v) {
 
 } // namespace
 
-QString GetSetting(const QString& AppName, const QString& Section, const QString& Key, const QString& Default) {
+QString GetSetting(const QString& AppName, const QString& Section, const QString& Key,
+                   const QString& Default) {
     const QSettings s = store(AppName);
     const QString k = path(Section, Key);
     return s.contains(k) ? text(s.value(k)) : Default;
@@ -71,8 +75,11 @@ QList<QPair<QString, QString>> GetAllSettings(const QString& AppName, const QStr
     s.beginGroup(group(Section));
     QList<QPair<QString, QString>> all;
     const QStringList keys = s.childKeys();
-    for (const QString& k : keys) all.append({k, text(s.value(k))});
+    for (const QString& k : keys)
+        all.append({k, text(s.value(k))});
     return all;
 }
 
-QString SettingsFileName(const QString& AppName) { return store(AppName).fileName(); }
+QString SettingsFileName(const QString& AppName) {
+    return store(AppName).fileName();
+}

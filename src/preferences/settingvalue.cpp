@@ -21,7 +21,9 @@ bool parseNumber(const QString& value, double* out) {
     return false;
 }
 
-[[noreturn]] void typeMismatch() { throw HuntERR::Error(errTypeMismatch, QStringLiteral("Type mismatch")); }
+[[noreturn]] void typeMismatch() {
+    throw HuntERR::Error(errTypeMismatch, QStringLiteral("Type mismatch"));
+}
 
 } // namespace
 

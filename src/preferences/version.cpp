@@ -68,7 +68,8 @@ void SaveVersion() {
     SaveSetting(AppTitle(), kVersion, QStringLiteral("Major"), r.major);
     SaveSetting(AppTitle(), kVersion, QStringLiteral("Minor"), r.minor);
     SaveSetting(AppTitle(), kVersion, QStringLiteral("Revision"), r.revision);
-    SaveSetting(AppTitle(), QStringLiteral("Path"), QStringLiteral("AppPath"), QCoreApplication::applicationDirPath());
+    SaveSetting(AppTitle(), QStringLiteral("Path"), QStringLiteral("AppPath"),
+                QCoreApplication::applicationDirPath());
 }
 
 } // namespace mRegSettings

@@ -350,28 +350,4 @@ TEST_F(SqlTextResults, StatisticsCountContactsPerLetter) {
     EXPECT_EQ(Ints(sql, "cnt"), (QList<int>{1, 1, 1, 1}));
 }
 
-
-#include "phonebook/store/jetsql.h"
-#include <sqlite3.h>
-TEST_F(SqlTextResults, ZZPatched) {
-    for (const SqlText& t : kSqlTexts) {
-        QString q = dao::JetSql::Translate(QString::fromUtf8(t.sql));
-        if (!q.contains("\"ORDER\"") && !q.contains("\"GROUP\"") && !q.contains("\"Order\"")) continue;
-        q.replace("\"ORDER\"", "ORDER").replace("\"GROUP\"", "GROUP").replace("\"Order\"", "Order");
-        sqlite3_stmt* st = nullptr;
-        int rc = sqlite3_prepare_v2(gDB.handle(), q.toUtf8().constData(), -1, &st, nullptr);
-        if (rc != SQLITE_OK) { printf("PREPARE FAIL %s: %s\n", t.where, sqlite3_errmsg(gDB.handle())); continue; }
-        QStringList out;
-        while ((rc = sqlite3_step(st)) == SQLITE_ROW) {
-            QStringList row;
-            for (int i = 0; i < sqlite3_column_count(st); ++i) {
-                QString n = sqlite3_column_name(st, i);
-                if (n=="IDCD"||n=="ID"||n=="cnt"||n=="Category"||n=="Letter"||n=="IDPARENT"||n=="CNT") row << n + "=" + QString::fromUtf8((const char*)sqlite3_column_text(st, i));
-            }
-            out << row.join(",");
-        }
-        printf("%s rc=%d %s\n   %s\n", t.where, rc, rc==SQLITE_DONE?"":sqlite3_errmsg(gDB.handle()), qPrintable(out.join(" | ")));
-        sqlite3_finalize(st);
-    }
-}
 } // namespace

@@ -1,5 +1,7 @@
 #include "support/fixture.h"
 
+#include "core/language.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QSettings>
@@ -14,6 +16,7 @@ void SetUpProcess() {
     qputenv("XDG_DATA_HOME", (home.path() + QStringLiteral("/.local/share")).toUtf8());
     QDir(home.path()).mkpath(QStringLiteral("Documents"));
     QStandardPaths::setTestModeEnabled(true);
+    mLanguageEng::lngEng();
     QCoreApplication::setOrganizationName(QStringLiteral("Kelvarin"));
     QCoreApplication::setApplicationName(QStringLiteral("Kelvarin"));
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.path() + QStringLiteral("/.config"));
@@ -62,5 +65,48 @@ void TempDirTest::SetUp() {
 }
 
 void TempDirTest::TearDown() { QSettings().clear(); }
+
+} // namespace fixture
+
+#include "core/globals.h"
+#include "core/mmain.h"
+#include "phonebook/createdb.h"
+
+namespace fixture {
+
+void PhonebookTest::SetUp() {
+    TempDirTest::SetUp();
+    m_path = path(QStringLiteral("book.kvdb"));
+    ASSERT_EQ(mAccess::CreateDB(m_path, false), 1);
+    gDBPath = m_path;
+    gNotConnected = false;
+}
+
+void PhonebookTest::TearDown() {
+    mMain::Closing();
+    gNotConnected = true;
+    TempDirTest::TearDown();
+}
+
+int PhonebookTest::addContact(const QString& fullName, int idc, int idx, int idb, const QString& label) {
+    const int id = scalar(QStringLiteral("SELECT IIf(IsNull(Max(IDCD)), 0, Max(IDCD)) + 1 FROM CDs")).toInt();
+    const QString letter = label.isEmpty() ? fullName.left(1).toUpper() : label;
+    QString name = fullName;
+    name.replace(QLatin1Char('\''), QLatin1String("''"));
+    gDB.Execute(QStringLiteral("INSERT INTO CDs (IDCD, ContactNumber, FullName, IDC, IDX, IDB, Label) "
+                               "VALUES (%1, %1, '%2', %3, %4, %5, '%6')")
+                    .arg(id)
+                    .arg(name)
+                    .arg(idc)
+                    .arg(idx)
+                    .arg(idb)
+                    .arg(letter));
+    return id;
+}
+
+QVariant PhonebookTest::scalar(const QString& jetSql) {
+    dao::Recordset rs = gDB.OpenRecordset(jetSql, dao::dbOpenSnapshot);
+    return rs.AtEOF() ? QVariant() : rs.Value(0);
+}
 
 } // namespace fixture

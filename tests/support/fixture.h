@@ -51,3 +51,20 @@ protected:
 };
 
 } // namespace fixture
+
+namespace fixture {
+
+// A test with a fresh phonebook made through the program's own creation path; gWS and gDB are
+// open on it, and closed again afterwards.
+class PhonebookTest : public TempDirTest {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+    QString m_path;
+    // Adds a contact with plain SQL; answers its IDCD.
+    int addContact(const QString& fullName, int idc = 1, int idx = 1, int idb = -1, const QString& label = QString());
+    // The single value of a query.
+    QVariant scalar(const QString& jetSql);
+};
+
+} // namespace fixture

@@ -170,7 +170,7 @@ std::shared_ptr<DatabaseImpl> openFile(const QString& path, bool create, bool ex
         return r;
     };
     if (create) {
-        rc = pragma("PRAGMA application_id = 1264993346"); // 0x4B564442, written into the header
+        rc = pragma(QStringLiteral("PRAGMA application_id = %1").arg(kApplicationId).toUtf8().constData()); // into the header
         if (rc != SQLITE_OK) ThrowSqlite(d->db, rc, path);
     } else {
         // Reading the header tells a phonebook from any other file.
@@ -185,8 +185,13 @@ std::shared_ptr<DatabaseImpl> openFile(const QString& path, bool create, bool ex
     }
     pragma("PRAGMA cache_size = -16384");
     pragma("PRAGMA temp_store = MEMORY");
-    if (Hooks().maxPageCount > 0)
-        pragma(QStringLiteral("PRAGMA max_page_count = %1").arg(Hooks().maxPageCount).toUtf8().constData());
+    if (Hooks().growthPages > 0) {
+        sqlite3_stmt* s = nullptr;
+        sqlite3_prepare_v2(d->db, "PRAGMA page_count", -1, &s, nullptr);
+        const int pages = sqlite3_step(s) == SQLITE_ROW ? sqlite3_column_int(s, 0) : 0;
+        sqlite3_finalize(s);
+        pragma(QStringLiteral("PRAGMA max_page_count = %1").arg(pages + Hooks().growthPages).toUtf8().constData());
+    }
     return d;
 }
 

@@ -206,8 +206,8 @@ private:
 struct TestHooks {
     // Answers a Jet error number to refuse an open (0: go on). Called before the file is touched.
     std::function<qint32(const QString& path, bool readOnly)> refuseOpen;
-    // When > 0, a file may grow to this many pages; past it the disk counts as full.
-    int maxPageCount = 0;
+    // When > 0, an opened file may grow by this many pages; past that the disk counts as full.
+    int growthPages = 0;
 };
 TestHooks& Hooks();
 

@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QRegularExpression>
 #include <QSet>
+#include <algorithm>
 #include <vector>
 
 namespace dao {
@@ -36,12 +37,9 @@ QString quoteString(const QString& s) {
     return QLatin1Char('\'') + q + QLatin1Char('\'');
 }
 
-// Words that SQLite reads as keywords but that the phonebook uses as names of fields.
-bool isReservedName(const QString& w) {
-    static const QSet<QString> words{QStringLiteral("update"), QStringLiteral("index"), QStringLiteral("default"),
-                                     QStringLiteral("order"), QStringLiteral("group"), QStringLiteral("values")};
-    return words.contains(w.toLower());
-}
+// Words that SQLite reads as keywords but that the phonebook uses as names of fields
+// (SearchWhere.Update, SearchWhat.Update). Statement words elsewhere are never names.
+bool isReservedName(const QString& w) { return w.compare(QLatin1String("update"), Qt::CaseInsensitive) == 0; }
 
 std::vector<Tok> tokenize(const QString& s, const QString& sql) {
     std::vector<Tok> out;
@@ -203,6 +201,79 @@ void rewriteExpressions(std::vector<Tok>& t, const QString& sql) {
     if (depth != 0) fail(QStringLiteral("Missing closing parenthesis"), sql);
 }
 
+
+// Jet's & joins texts and reads Null as "", where SQLite's || gives Null: each operand of an &
+// is wrapped in ifnull(..., ''). An operand runs to the nearest operator of lower precedence.
+bool endsOperand(const Tok& k) {
+    static const char* words[] = {"AND", "OR", "NOT", "LIKE", "IS", "BETWEEN", "IN", "SELECT", "WHERE", "FROM", "SET", "AS",
+                                  "ON", "WHEN", "THEN", "ELSE", "END", "ORDER", "GROUP", "BY", "HAVING", "ASC", "DESC",
+                                  "UNION", "JOIN", "CASE", "DISTINCT", "XOR", "EQV", "IMP"};
+    if (k.kind == K::Comma) return true;
+    if (k.kind == K::Op)
+        return k.text == QLatin1String("=") || k.text == QLatin1String("<>") || k.text == QLatin1String("<") ||
+               k.text == QLatin1String(">") || k.text == QLatin1String("<=") || k.text == QLatin1String(">=") ||
+               k.text == QLatin1String("&");
+    if (k.kind == K::Ident)
+        for (const char* w : words)
+            if (k.is(w)) return true;
+    return false;
+}
+
+void wrapConcatOperands(std::vector<Tok>& t, const QString& sql) {
+    std::vector<std::pair<size_t, size_t>> spans; // [first, last] token of each operand
+    for (size_t i = 0; i < t.size(); ++i) {
+        if (!t[i].op("&")) continue;
+        // Left operand.
+        size_t first = i;
+        int depth = 0;
+        for (size_t j = i; j-- > 0;) {
+            if (t[j].kind == K::RParen) ++depth;
+            else if (t[j].kind == K::LParen && --depth < 0) break;
+            else if (depth == 0 && endsOperand(t[j])) break;
+            first = j;
+        }
+        size_t last = i;
+        depth = 0;
+        for (size_t j = i + 1; j < t.size(); ++j) {
+            if (t[j].kind == K::LParen) ++depth;
+            else if (t[j].kind == K::RParen && --depth < 0) break;
+            else if (depth == 0 && endsOperand(t[j])) break;
+            last = j;
+        }
+        auto trim = [&](size_t a, size_t b) {
+            while (a <= b && t[a].kind == K::Space) ++a;
+            while (b >= a && t[b].kind == K::Space) --b;
+            return std::make_pair(a, b);
+        };
+        if (first == i || last == i) fail(QStringLiteral("Missing operand of &"), sql);
+        spans.push_back(trim(first, i - 1));
+        spans.push_back(trim(i + 1, last));
+    }
+    if (spans.empty()) return;
+    std::vector<int> opens(t.size(), 0), closes(t.size(), 0);
+    std::vector<std::pair<size_t, size_t>> seen;
+    for (const auto& sp : spans) {
+        if (std::find(seen.begin(), seen.end(), sp) != seen.end()) continue;
+        seen.push_back(sp);
+        ++opens[sp.first];
+        ++closes[sp.second];
+    }
+    std::vector<Tok> out;
+    for (size_t i = 0; i < t.size(); ++i) {
+        for (int n = 0; n < opens[i]; ++n) {
+            out.push_back({K::Ident, QStringLiteral("ifnull")});
+            out.push_back({K::LParen, QStringLiteral("(")});
+        }
+        out.push_back(t[i]);
+        for (int n = 0; n < closes[i]; ++n) {
+            out.push_back({K::Comma, QStringLiteral(",")});
+            out.push_back({K::Str, QStringLiteral("''")});
+            out.push_back({K::RParen, QStringLiteral(")")});
+        }
+    }
+    t.swap(out);
+}
+
 int findWord(const std::vector<Tok>& t, size_t from, const char* word) {
     int depth = 0;
     for (size_t i = from; i < t.size(); ++i) {
@@ -215,6 +286,7 @@ int findWord(const std::vector<Tok>& t, size_t from, const char* word) {
 
 QString translateStatement(const QString& jet) {
     std::vector<Tok> t = tokenize(jet, jet);
+    wrapConcatOperands(t, jet);
     size_t first = nextSolid(t, 0);
     if (first >= t.size()) fail(QStringLiteral("Empty statement"), jet);
     // Statement-level forms first, on raw tokens.
@@ -226,7 +298,7 @@ QString translateStatement(const QString& jet) {
             const size_t num = nextSolid(t, w + 1);
             if (num >= t.size() || t[num].kind != K::Num) fail(QStringLiteral("TOP needs a number"), jet);
             const QString limit = t[num].text;
-            t.erase(t.begin() + w, t.begin() + num + 1);
+            t.erase(t.begin() + w, t.begin() + nextSolid(t, num + 1));
             rewriteExpressions(t, jet);
             return join(t, 0, t.size()).trimmed() + QStringLiteral(" LIMIT ") + limit;
         }
@@ -320,6 +392,7 @@ QString JetSql::Translate(const QString& jet) {
 
 QString JetSql::TranslateExpression(const QString& jet) {
     std::vector<Tok> t = tokenize(jet, jet);
+    wrapConcatOperands(t, jet);
     rewriteExpressions(t, jet);
     return join(t, 0, t.size()).trimmed();
 }

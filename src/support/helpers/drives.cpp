@@ -91,7 +91,7 @@ QString DriveKind(const QString& fileSystemType, const QString& device, bool rem
 }
 
 QString uGetDriveType(const QString& Browse, bool DetectFloppy) {
-    HUNT_PLACE("mDrive.uGetDriveType(Browse)", Browse, DetectFloppy);
+    HUNT_PLACE("mDrive.uGetDriveType(Browse,DetectFloppy)", Browse, DetectFloppy);
     if (Browse.isEmpty()) return QStringLiteral("UNKNOWN");
     const QStorageInfo info(Browse);
     if (!info.isValid()) return QStringLiteral("UNKNOWN");

@@ -26,7 +26,7 @@ double FileSizeWFD(qint32 plngFileSizeHigh, qint32 plngFileSizeLow) {
 }
 
 QString GetFileDBSize(bool Full, const QString& sDBPath) {
-    HUNT_PLACE("mScanCD.GetFileDBSize(Full)", Full, sDBPath);
+    HUNT_PLACE("mScanCD.GetFileDBSize(Full,sDBPath)", Full, sDBPath);
     const double size = GetFileSize(sDBPath);
     QString text = mCommon::SizeCorrectView(size, 1);
     if (Full) text += QStringLiteral(" (") + mCommon::RoundEx(size) + QLatin1Char(')');

@@ -1,0 +1,190 @@
+// The store under the phonebook: recordsets, writes, checks, transactions and who may open a file.
+#include "core/globals.h"
+#include "support/fixture.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <sqlite3.h>
+
+using fixture::PhonebookTest;
+
+namespace {
+qint32 errorOf(const std::function<void()>& f) {
+    try {
+        f();
+    } catch (const dao::DbError& e) {
+        return e.Number();
+    }
+    return 0;
+}
+} // namespace
+
+using Store = PhonebookTest;
+
+TEST_F(Store, RecordsetReadsWritesAndDeletesThroughOneTable) {
+    for (const char* n : {"Ann", "Bob", "Cy"}) addContact(QString::fromLatin1(n));
+    dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs WHERE IDCD >= 2"));
+    ASSERT_FALSE(rs.AtEOF());
+    EXPECT_EQ(rs[QStringLiteral("fullname")].toString(), QStringLiteral("Bob")); // names without regard to case
+    EXPECT_EQ(rs[QStringLiteral("IDB")].toInt(), -1);
+    EXPECT_EQ(rs[QStringLiteral("DateScan")].typeId(), QMetaType::QDateTime); // the insert's time, as a date
+    EXPECT_LE(qAbs(rs[QStringLiteral("DateScan")].toDateTime().secsTo(QDateTime::currentDateTime())), 5);
+    rs.Edit();
+    rs.SetValue(QStringLiteral("City"), QStringLiteral("Oslo"));
+    rs.Update();
+    EXPECT_EQ(rs[QStringLiteral("City")].toString(), QStringLiteral("Oslo")); // the current row shows the write
+    rs.MoveNext();
+    rs.Delete();
+    rs.MoveNext();
+    EXPECT_TRUE(rs.AtEOF());
+    EXPECT_EQ(rs.RecordCount(), 2);
+    rs.AddNew();
+    rs.SetValue(QStringLiteral("IDCD"), 9);
+    rs.SetValue(QStringLiteral("FullName"), QStringLiteral("Dee"));
+    rs.Update();
+    rs.Close();
+    EXPECT_EQ(scalar(QStringLiteral("SELECT City FROM CDs WHERE IDCD = 2")).toString(), QStringLiteral("Oslo"));
+    EXPECT_TRUE(scalar(QStringLiteral("SELECT IDCD FROM CDs WHERE FullName = 'Cy'")).isNull());
+    EXPECT_EQ(scalar(QStringLiteral("SELECT ContactNumber FROM CDs WHERE IDCD = 9")).toInt(), 0); // column default
+    EXPECT_EQ(scalar(QStringLiteral("SELECT Count(*) FROM CDs")).toInt(), 3);
+}
+
+TEST_F(Store, ValuesKeepTheirKindsThroughTheFile) {
+    dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs"));
+    const QDateTime when(QDate(2024, 2, 29), QTime(23, 59, 58));
+    QByteArray photo(70000, '\0');
+    for (int i = 0; i < photo.size(); ++i) photo[i] = char(i * 7);
+    rs.AddNew();
+    rs.SetValue(QStringLiteral("IDCD"), 1);
+    rs.SetValue(QStringLiteral("Hidden"), true);
+    rs.SetValue(QStringLiteral("LoanStart"), when);
+    rs.SetValue(QStringLiteral("TotalSize"), 1.5e12);
+    rs.SetValue(QStringLiteral("FullName"), QStringLiteral("Zoë \"Q\" O'Hara"));
+    rs.AppendChunk(QStringLiteral("Photo"), photo.left(1000));
+    rs.AppendChunk(QStringLiteral("Photo"), photo.mid(1000));
+    rs.Update();
+    rs.Close();
+    rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs WHERE Hidden = True"), dao::dbOpenSnapshot);
+    ASSERT_FALSE(rs.AtEOF());
+    EXPECT_EQ(rs[QStringLiteral("Hidden")], QVariant(true));
+    EXPECT_TRUE(rs[QStringLiteral("ReadOnly")].isNull());
+    EXPECT_EQ(rs[QStringLiteral("LoanStart")].toDateTime(), when);
+    EXPECT_EQ(rs[QStringLiteral("TotalSize")].toDouble(), 1.5e12);
+    EXPECT_EQ(rs[QStringLiteral("FullName")].toString(), QStringLiteral("Zoë \"Q\" O'Hara"));
+    EXPECT_EQ(rs.FieldSize(QStringLiteral("Photo")), photo.size());
+    EXPECT_EQ(rs.GetChunk(QStringLiteral("Photo"), 32768, 100), photo.mid(32768, 100));
+    EXPECT_EQ(rs[QStringLiteral("Photo")].toByteArray(), photo);
+    EXPECT_EQ(scalar(QStringLiteral("SELECT Count(*) FROM CDs WHERE LoanStart > #02/28/24# AND LoanStart < #03/01/24#")).toInt(), 1);
+    EXPECT_EQ(scalar(QStringLiteral("SELECT Count(*) FROM CDs WHERE FullName Like 'zo? *'")).toInt(), 1);
+    EXPECT_TRUE(scalar(QStringLiteral("SELECT Null Like 'a*' FROM CDs")).isNull());
+}
+
+TEST_F(Store, TheFileRefusesWhatJetRefused) {
+    addContact(QStringLiteral("Ann"));
+    EXPECT_EQ(errorOf([] { gDB.Execute(QStringLiteral("UPDATE CDs SET PhotoExt = '1234567890123456'")); }), dao::errFieldTooLong);
+    EXPECT_EQ(errorOf([] { gDB.Execute(QStringLiteral("UPDATE CDs SET FullName = ''")); }), dao::errZeroLength);
+    EXPECT_EQ(errorOf([] { gDB.Execute(QStringLiteral("UPDATE CDs SET Label = ''")); }), 0); // zero length allowed there
+    EXPECT_EQ(errorOf([] { gDB.Execute(QStringLiteral("INSERT INTO Categories (ID, Name) VALUES (3, 'Twin')")); }),
+              dao::errDuplicateKey);
+    EXPECT_EQ(errorOf([] { gDB.Execute(QStringLiteral("SELECT Count(*) FROM CDs")); }), 3065);
+    EXPECT_EQ(errorOf([] { gDB.OpenRecordset(QStringLiteral("SELECT * FROM Nowhere")); }), dao::errItemNotFound);
+    EXPECT_EQ(errorOf([] { gDB.OpenRecordset(QStringLiteral("SELECT Missing FROM CDs")); }), dao::errItemNotFound);
+    EXPECT_EQ(errorOf([] { gDB.OpenRecordset(QStringLiteral("SELECT Count(*) FROM CDs"), dao::dbOpenSnapshot).Edit(); }),
+              dao::errNotUpdatable);
+    // A text of exactly the field's size is fine, and so is one with characters beyond ASCII.
+    EXPECT_EQ(errorOf([] { gDB.Execute(QStringLiteral("UPDATE CDs SET PhotoExt = 'ééééééééééééééé'")); }), 0);
+}
+
+TEST_F(Store, MovingAroundAndFinding) {
+    for (const char* n : {"Ann", "Bob", "Cy", "Dan"}) addContact(QString::fromLatin1(n));
+    dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT IDCD, FullName FROM CDs ORDER BY IDCD"));
+    EXPECT_EQ(rs.RecordCount(), 1); // rows reached so far
+    rs.MoveLast();
+    EXPECT_EQ(rs.RecordCount(), 4);
+    EXPECT_EQ(rs[QStringLiteral("FullName")].toString(), QStringLiteral("Dan"));
+    rs.MovePrevious();
+    EXPECT_EQ(rs.AbsolutePosition(), 2);
+    rs.FindFirst(QStringLiteral("FullName Like 'b*' OR IDCD > 3"));
+    ASSERT_FALSE(rs.NoMatch());
+    EXPECT_EQ(rs[QStringLiteral("IDCD")].toInt(), 2);
+    rs.FindNext(QStringLiteral("FullName Like 'b*' OR IDCD > 3"));
+    EXPECT_EQ(rs[QStringLiteral("IDCD")].toInt(), 4);
+    rs.FindNext(QStringLiteral("FullName Like 'b*' OR IDCD > 3"));
+    EXPECT_TRUE(rs.NoMatch());
+    rs.MoveFirst();
+    EXPECT_EQ(rs[QStringLiteral("FullName")].toString(), QStringLiteral("Ann"));
+    rs.Close();
+    dao::Recordset none = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs WHERE IDCD = 99"));
+    EXPECT_TRUE(none.AtEOF());
+    EXPECT_EQ(none.RecordCount(), 0);
+    EXPECT_EQ(errorOf([&] { none[QStringLiteral("IDCD")]; }), dao::errNoCurrentRecord);
+}
+
+TEST_F(Store, TransactionsCommitNestAndRollBack) {
+    gWS.BeginTrans();
+    addContact(QStringLiteral("Ann"));
+    gWS.BeginTrans();
+    addContact(QStringLiteral("Bob"));
+    gWS.Rollback(); // only the inner change goes
+    gWS.CommitTrans();
+    EXPECT_EQ(scalar(QStringLiteral("SELECT Count(*) FROM CDs")).toInt(), 1);
+    gWS.BeginTrans();
+    gDB.Execute(QStringLiteral("DELETE * FROM CDs"));
+    gDB.Execute(QStringLiteral("UPDATE Categories SET Name = 'Renamed' WHERE ID = 3"));
+    gWS.Rollback();
+    EXPECT_EQ(scalar(QStringLiteral("SELECT Count(*) FROM CDs")).toInt(), 1);
+    EXPECT_EQ(scalar(QStringLiteral("SELECT Name FROM Categories WHERE ID = 3")).toString(), QStringLiteral("Business"));
+    EXPECT_EQ(errorOf([] { gWS.CommitTrans(); }), dao::errTransaction);
+}
+
+TEST_F(Store, OneWriterAtATime) {
+    addContact(QStringLiteral("Ann"));
+    dao::Workspace other;
+    EXPECT_EQ(errorOf([&] { other.OpenDatabase(m_path, false, false); }), dao::errLocked);
+    EXPECT_EQ(errorOf([&] { other.OpenDatabase(m_path, true, true); }), dao::errLocked);
+    // The first holder lost nothing and still writes.
+    addContact(QStringLiteral("Bob"));
+    EXPECT_EQ(scalar(QStringLiteral("SELECT Count(*) FROM CDs")).toInt(), 2);
+    gDB.Close();
+    gWS.Close();
+    gDBOpen = gWSOpen = false;
+    // Readers may share a file; a writer then waits outside.
+    dao::Database r1 = other.OpenDatabase(m_path, false, true);
+    dao::Workspace third;
+    dao::Database r2 = third.OpenDatabase(m_path, false, true);
+    EXPECT_EQ(errorOf([&] { third.OpenDatabase(m_path, false, false); }), dao::errLocked);
+    EXPECT_EQ(errorOf([&] { r1.Execute(QStringLiteral("DELETE * FROM CDs")); }), dao::errPathFile); // read-only
+    r1.Close();
+    r2.Close();
+    dao::Database w = third.OpenDatabase(m_path, false, false);
+    EXPECT_TRUE(w.isOpen());
+    w.Close();
+}
+
+TEST_F(Store, OnlyPhonebooksOpen) {
+    gDB.Close();
+    gWS.Close();
+    gDBOpen = gWSOpen = false;
+    auto write = [&](const QString& name, const QByteArray& bytes) {
+        QFile f(path(name));
+        f.open(QIODevice::WriteOnly);
+        f.write(bytes);
+        return path(name);
+    };
+    QFile book(m_path);
+    ASSERT_TRUE(book.open(QIODevice::ReadOnly));
+    const QByteArray whole = book.readAll();
+    sqlite3* other = nullptr;
+    sqlite3_open(path(QStringLiteral("other.db")).toUtf8().constData(), &other);
+    sqlite3_exec(other, "CREATE TABLE notes(x); INSERT INTO notes VALUES (1);", nullptr, nullptr, nullptr);
+    sqlite3_close(other);
+    const QStringList files{write(QStringLiteral("text.kvdb"), "just some text, not a phonebook\n"),
+                            write(QStringLiteral("empty.kvdb"), QByteArray()), path(QStringLiteral("other.db")),
+                            write(QStringLiteral("short.kvdb"), whole.left(50))};
+    dao::Workspace ws;
+    for (const QString& f : files) {
+        EXPECT_EQ(errorOf([&] { ws.OpenDatabase(f, false, false); }), dao::errNotDatabase) << f.toStdString();
+    }
+    EXPECT_EQ(QFile(path(QStringLiteral("empty.kvdb"))).size(), 0); // nothing was written into it
+    EXPECT_EQ(errorOf([&] { ws.OpenDatabase(path(QStringLiteral("missing.kvdb")), false, false); }), 3024);
+}
