@@ -1,5 +1,7 @@
 #include "core/language.h"
 
+#include "support/helpers/values.h"
+
 namespace mLanguageGobals {
 
 QString msgFileFolder;
@@ -1721,6 +1723,9 @@ void lngEng() {
     msgListAndTreeOptions = QStringLiteral("List and Tree options");
     msgLargeIconsOption = QStringLiteral("Large icons");
     msgFonts = QStringLiteral("Fonts");
+
+    // The size helpers write their units in the language of the catalogue.
+    mCommon::SetSizeUnitTexts(msgBytes, msgKB, msgMB, msgGB);
 }
 
 } // namespace mLanguageEng

@@ -69,11 +69,12 @@ void Main() {
         // 5. The file through which photos pass.
         gPhotoTempFile = QDir::tempPath() + QStringLiteral("/kvdb_photo");
         // 6. Preferences; the version is saved last, after the two steps that compare with it.
-        mRegSettings::CorrectingPreferencesFormat();
+        // A stored value that cannot be read is reported, and the start goes on with defaults.
+        RunEvent("mRegSettings.CorrectingPreferencesFormat", [] { mRegSettings::CorrectingPreferencesFormat(); });
         RunEvent("mRegSettings.IniPreferences", [] { mRegSettings::IniPreferences(); });
-        mRegSettings::ForceShowTipOfDay();
-        mRegSettings::ResetPanesLayout();
-        mRegSettings::SaveVersion();
+        RunEvent("mRegSettings.ForceShowTipOfDay", [] { mRegSettings::ForceShowTipOfDay(); });
+        RunEvent("mRegSettings.ResetPanesLayout", [] { mRegSettings::ResetPanesLayout(); });
+        RunEvent("mRegSettings.SaveVersion", [] { mRegSettings::SaveVersion(); });
         // 7. Which phonebook.
         if (!gCommandLine.isEmpty()) {
             gDBPath = QString(gCommandLine).remove(QLatin1Char('"'));

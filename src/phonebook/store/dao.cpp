@@ -339,6 +339,20 @@ ColKind KindOfDecltype(const char* decl) {
 QString DateText(const QDateTime& dt) { return dt.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")); }
 
 namespace {
+
+// The local zone's offset for one hour of one day. Building a local-time QDateTime asks the zone
+// rules every time, which costs more than the rest of a row; offsets change only on the hour.
+int localOffset(const QDate& d, int hour) {
+    static qint64 lastKey = -1;
+    static int lastOffset = 0;
+    const qint64 key = d.toJulianDay() * 24 + hour;
+    if (key != lastKey) {
+        lastOffset = QDateTime(d, QTime(hour, 0)).offsetFromUtc();
+        lastKey = key;
+    }
+    return lastOffset;
+}
+
 // 'YYYY-MM-DD HH:MM:SS' (or a date alone) without the cost of a general parser.
 QVariant parseDate(const char* s, int n) {
     auto num = [&](int at, int len) {
@@ -358,7 +372,11 @@ QVariant parseDate(const char* s, int n) {
         se = num(17, 2);
         if (h < 0 || mi < 0 || se < 0) return QString::fromUtf8(s, n);
     }
-    return QDateTime(QDate(y, mo, dd), QTime(h, mi, se));
+    const QDate date(y, mo, dd);
+    const QTime time(h, mi, se);
+    if (!date.isValid() || !time.isValid()) return QString::fromUtf8(s, n);
+    // The wall time of the local zone, with that zone's offset at that hour.
+    return QDateTime(date, time, Qt::OffsetFromUTC, localOffset(date, h));
 }
 } // namespace
 

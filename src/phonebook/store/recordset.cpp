@@ -64,11 +64,15 @@ struct RecordsetImpl {
         return ColumnValue(stmt, col, kinds[col]);
     }
     QVariant value(int i) const {
-        check();
-        if (eof || pos < 0) throw DbError(errNoCurrentRecord, QStringLiteral("No current record."));
-        if (i < 0 || i >= ncols) throw DbError(errItemNotFound, QStringLiteral("Item not found in this collection."));
-        auto o = overrides.constFind(i);
-        if (o != overrides.constEnd()) return o.value();
+        if (Q_UNLIKELY(eof || pos < 0 || uint(i) >= uint(ncols) || !db->db || (!stmt && !materialised))) {
+            check();
+            if (eof || pos < 0) throw DbError(errNoCurrentRecord, QStringLiteral("No current record."));
+            throw DbError(errItemNotFound, QStringLiteral("Item not found in this collection."));
+        }
+        if (Q_UNLIKELY(!overrides.isEmpty())) {
+            auto o = overrides.constFind(i);
+            if (o != overrides.constEnd()) return o.value();
+        }
         return raw(i + base);
     }
     void materialise() {
