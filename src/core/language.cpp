@@ -568,6 +568,10 @@ QString msgShortCategory;
 QString msgListAndTreeOptions;
 QString msgLargeIconsOption;
 QString msgFonts;
+QString msgReallyDeleteSelectedCategory;
+QString msgCategoryDeleteWarning;
+QString msgReallyDeleteSelectedGroup;
+QString msgGroupDeleteWarning;
 
 QList<const QString*> AllTexts() {
     return {&msgFileFolder,
@@ -1083,7 +1087,11 @@ QList<const QString*> AllTexts() {
             &msgShortCategory,
             &msgListAndTreeOptions,
             &msgLargeIconsOption,
-            &msgFonts};
+            &msgFonts,
+            &msgReallyDeleteSelectedCategory,
+            &msgCategoryDeleteWarning,
+            &msgReallyDeleteSelectedGroup,
+            &msgGroupDeleteWarning};
 }
 
 } // namespace mLanguageGobals
@@ -1723,6 +1731,12 @@ void lngEng() {
     msgListAndTreeOptions = QStringLiteral("List and Tree options");
     msgLargeIconsOption = QStringLiteral("Large icons");
     msgFonts = QStringLiteral("Fonts");
+
+    // Deleting a category or a group
+    msgReallyDeleteSelectedCategory = QStringLiteral("Do you really want to delete the selected category?");
+    msgCategoryDeleteWarning = QStringLiteral("All contacts in this category and its subcategories will be also deleted.");
+    msgReallyDeleteSelectedGroup = QStringLiteral("Do you really want to delete the selected group?");
+    msgGroupDeleteWarning = QStringLiteral("All disks in this group will be also deleted.");
 
     // The size helpers write their units in the language of the catalogue.
     mCommon::SetSizeUnitTexts(msgBytes, msgKB, msgMB, msgGB);

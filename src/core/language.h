@@ -624,6 +624,12 @@ extern QString msgListAndTreeOptions;
 extern QString msgLargeIconsOption;
 extern QString msgFonts;
 
+// Deleting a category or a group
+extern QString msgReallyDeleteSelectedCategory;
+extern QString msgCategoryDeleteWarning;
+extern QString msgReallyDeleteSelectedGroup;
+extern QString msgGroupDeleteWarning;
+
 // Every variable above, in the order a language procedure assigns them.
 QList<const QString*> AllTexts();
 

@@ -24,12 +24,6 @@ MenuHandler& menu() {
     return h;
 }
 
-// The phonebook the program creates when it finds none: personal folder, application title.
-QString defaultPhonebook() {
-    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) + QLatin1Char('/') +
-           AppTitle() + QStringLiteral("/phonebook.kvdb");
-}
-
 // The store holds exactly the list: keys beyond it, left behind a gap, go.
 void storeList() {
     for (int n = 1; n <= MRUFiles.size(); ++n)
@@ -101,7 +95,7 @@ void ClearMRUList() {
 void ClearMRUListKeepCurrent() {
     HUNT_PLACE("mMru.ClearMRUListKeepCurrent");
     ClearMRUList();
-    if (gDBPath != defaultPhonebook()) AddToMRUList(gDBPath);
+    if (gDBPath != DefaultPhonebook()) AddToMRUList(gDBPath);
 }
 
 } // namespace mMru

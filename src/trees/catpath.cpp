@@ -9,9 +9,23 @@ namespace mTV {
 
 QString TreeTable(qint16 mode) {
     switch (mode) {
-    case 0: return QStringLiteral("Categories");
-    case 1: return QStringLiteral("Boxes");
-    default: return QStringLiteral("Borrows");
+    case 0:
+        return QStringLiteral("Categories");
+    case 1:
+        return QStringLiteral("Boxes");
+    default:
+        return QStringLiteral("Borrows");
+    }
+}
+
+QString TreeField(qint16 mode) {
+    switch (mode) {
+    case 0:
+        return QStringLiteral("IDC");
+    case 1:
+        return QStringLiteral("IDX");
+    default:
+        return QStringLiteral("IDB");
     }
 }
 
@@ -22,7 +36,8 @@ namespace mLV {
 QString GetCatNameByID(qint32 ID, qint16 mode) {
     HUNT_PLACE("mLV.GetCatNameByID(ID,mode)", ID, mode);
     dao::Recordset rs = gDB.OpenRecordset(
-        QStringLiteral("SELECT Name FROM %1 WHERE ID = %2").arg(mTV::TreeTable(mode)).arg(ID), dao::dbOpenSnapshot);
+        QStringLiteral("SELECT Name FROM %1 WHERE ID = %2").arg(mTV::TreeTable(mode)).arg(ID),
+        dao::dbOpenSnapshot);
     QString name;
     if (!rs.AtEOF()) name = rs.Text(0);
     rs.Close();
@@ -37,7 +52,8 @@ QString UpdateCatPath(const QString& Pedigree, qint16 mode) {
     const QStringList parts = keys.split(QStringLiteral("ID"));
     QString path;
     // The first element is empty and the second is the root's "0": both are skipped.
-    for (int i = 2; i < parts.size(); ++i) path += GetCatNameByID(parts[i].toInt(), mode) + QLatin1Char('/');
+    for (int i = 2; i < parts.size(); ++i)
+        path += GetCatNameByID(parts[i].toInt(), mode) + QLatin1Char('/');
     path.chop(1);
     return path;
 }
@@ -48,7 +64,8 @@ void UpdateCatPaths(const QString& pThis, qint16 mode) {
         QStringLiteral("SELECT * FROM %1 WHERE Pedigree Like '*%2*'").arg(mTV::TreeTable(mode), pThis));
     while (!rs.AtEOF()) {
         rs.Edit();
-        rs.SetValue(QStringLiteral("Catpath"), UpdateCatPath(rs[QStringLiteral("Pedigree")].toString(), mode));
+        rs.SetValue(QStringLiteral("Catpath"),
+                    UpdateCatPath(rs[QStringLiteral("Pedigree")].toString(), mode));
         rs.Update();
         rs.MoveNext();
     }
@@ -61,7 +78,8 @@ void UpdateCatPathAll() {
         dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM %1").arg(mTV::TreeTable(mode)));
         while (!rs.AtEOF()) {
             rs.Edit();
-            rs.SetValue(QStringLiteral("Catpath"), UpdateCatPath(rs[QStringLiteral("Pedigree")].toString(), mode));
+            rs.SetValue(QStringLiteral("Catpath"),
+                        UpdateCatPath(rs[QStringLiteral("Pedigree")].toString(), mode));
             rs.Update();
             rs.MoveNext();
         }

@@ -6,6 +6,8 @@
 namespace mTV {
 // Table of a tree kind: 0 Categories, 1 Boxes, 2 Borrows.
 QString TreeTable(qint16 mode);
+// Field of CDs that points into that table: IDC, IDX, IDB.
+QString TreeField(qint16 mode);
 } // namespace mTV
 
 namespace mLV {

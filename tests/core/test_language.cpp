@@ -24,7 +24,8 @@ int IndexOf(const QString* text) {
 
 TEST_F(LanguageTest, EveryTextIsFilledOnceAndOnOneLine) {
     const QList<const QString*> all = AllTexts();
-    ASSERT_EQ(all.size(), 514);
+    // The 514 texts of the catalogue's own list, then those the windows quote where they use them.
+    ASSERT_EQ(all.size(), 518);
 
     // No variable is listed twice, so the count is a count of distinct texts.
     QSet<const QString*> distinct(all.begin(), all.end());

@@ -10,6 +10,7 @@
 #include "support/fixture.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <sqlite3.h>
 
 using fixture::TempDirTest;
@@ -123,6 +124,7 @@ TEST_F(Login, FilesThatAreNotPhonebooksAreRefusedAndLeftAlone) {
         ADD_FAILURE() << "an error report was shown";
         return 0;
     });
+    const qint64 reportBefore = QFileInfo(HuntERR::ReportFilePath()).size();
     ASSERT_EQ(mAccess::CreateDB(path(QStringLiteral("good.kvdb")), false), 1);
     mMain::Closing();
     QFile good(path(QStringLiteral("good.kvdb")));
@@ -153,7 +155,7 @@ TEST_F(Login, FilesThatAreNotPhonebooksAreRefusedAndLeftAlone) {
         in.open(QIODevice::ReadOnly);
         EXPECT_EQ(in.readAll(), before) << p.toStdString();
     }
-    EXPECT_FALSE(QFile::exists(HuntERR::ReportFilePath())); // handled by number: no report
+    EXPECT_EQ(QFileInfo(HuntERR::ReportFilePath()).size(), reportBefore); // handled by number: no report
 }
 
 TEST_F(Login, AFileThatCannotBeWrittenOpensReadOnly) {
@@ -196,4 +198,22 @@ TEST_F(Login, AFullDiskAtOpenSaysHowMuchIsFree) {
     dao::Hooks().growthPages = 0;
     ASSERT_TRUE(login(file)); // the failed upgrade left nothing half made
     EXPECT_EQ(column(QStringLiteral("SELECT Count(*) FROM Categories")), QStringList{"7"});
+}
+
+TEST_F(Login, AnyOtherFailureGoesToTheErrorReport) {
+    const QString file = olderPhonebook(path(QStringLiteral("odd.kvdb")), Current);
+    dao::Hooks().refuseOpen = [](const QString&, bool) { return qint32(3000); };
+    QString report;
+    fixture::ModalRecorder windows([&](QDialog* form) {
+        report = form->windowTitle();
+        return 0;
+    });
+    EXPECT_FALSE(login(file));
+    EXPECT_EQ(windows.shown, 1);
+    EXPECT_FALSE(gDBOpen);
+    EXPECT_FALSE(gWSOpen);
+    EXPECT_TRUE(QFile::exists(HuntERR::ReportFilePath()));
+    QFile f(HuntERR::ReportFilePath());
+    f.open(QIODevice::ReadOnly);
+    EXPECT_TRUE(f.readAll().contains("mLogin.LoginCnn(FromStart)"));
 }
