@@ -58,32 +58,30 @@ QString UpdateCatPath(const QString& Pedigree, qint16 mode) {
     return path;
 }
 
+namespace {
+// Gives every row of `rs` the Catpath its Pedigree spells.
+void rewriteCatpaths(dao::Recordset& rs, qint16 mode) {
+    for (; !rs.AtEOF(); rs.MoveNext()) {
+        rs.Edit();
+        rs.SetValue(QStringLiteral("Catpath"), UpdateCatPath(rs[QStringLiteral("Pedigree")].toString(), mode));
+        rs.Update();
+    }
+    rs.Close();
+}
+} // namespace
+
 void UpdateCatPaths(const QString& pThis, qint16 mode) {
     HUNT_PLACE("mLV.UpdateCatPaths(pThis,mode)", pThis, mode);
     dao::Recordset rs = gDB.OpenRecordset(
         QStringLiteral("SELECT * FROM %1 WHERE Pedigree Like '*%2*'").arg(mTV::TreeTable(mode), pThis));
-    while (!rs.AtEOF()) {
-        rs.Edit();
-        rs.SetValue(QStringLiteral("Catpath"),
-                    UpdateCatPath(rs[QStringLiteral("Pedigree")].toString(), mode));
-        rs.Update();
-        rs.MoveNext();
-    }
-    rs.Close();
+    rewriteCatpaths(rs, mode);
 }
 
 void UpdateCatPathAll() {
     HUNT_PLACE("mLV.UpdateCatPathAll");
     for (qint16 mode : {qint16(0), qint16(1), qint16(2)}) {
         dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM %1").arg(mTV::TreeTable(mode)));
-        while (!rs.AtEOF()) {
-            rs.Edit();
-            rs.SetValue(QStringLiteral("Catpath"),
-                        UpdateCatPath(rs[QStringLiteral("Pedigree")].toString(), mode));
-            rs.Update();
-            rs.MoveNext();
-        }
-        rs.Close();
+        rewriteCatpaths(rs, mode);
     }
 }
 

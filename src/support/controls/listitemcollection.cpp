@@ -1,0 +1,72 @@
+#include "support/controls/listitemcollection.h"
+
+#include "core/error.h"
+#include "support/controls/listitem.h"
+#include "support/controls/listview.h"
+
+#include <algorithm>
+
+ListItemCollection::~ListItemCollection() {
+    for (ListItem* item : m_rows)
+        delete item;
+}
+
+ListItem* ListItemCollection::Add(int index, const QString& key, const QString& text, const QString& icon,
+                                  const QString& smallIcon) {
+    if (!key.isEmpty() && m_byKey.contains(key))
+        throw HuntERR::Error(35602, QStringLiteral("Key is not unique in collection"),
+                             QStringLiteral("ListItems.Add"));
+    if (!m_rows.empty()) {
+        const ListItem* last = m_rows.back();
+        m_lastChars = int(last->m_text.size());
+        m_lastCells = last->CellCount();
+    }
+    int row = index >= 1 && index <= Count() ? index - 1 : Count();
+    auto* item = new ListItem(m_view, row, key, text, m_lastChars + 16,
+                              std::max(m_lastCells, m_view->ColumnHeaders.Count()));
+    item->m_icon = icon;
+    item->m_smallIcon = smallIcon;
+    if (m_view->Sorted()) row = m_view->sortedPlace(item);
+    item->m_row = row;
+    if (!key.isEmpty()) m_byKey.insert(key, item);
+    m_view->rowsInserting(row);
+    m_rows.insert(m_rows.begin() + row, item);
+    if (row + 1 < Count()) renumber(row + 1);
+    m_view->rowsInserted();
+    return item;
+}
+
+void ListItemCollection::Remove(const QString& key) {
+    Remove(Item(key));
+}
+
+void ListItemCollection::Remove(int index) {
+    Remove(Item(index));
+}
+
+void ListItemCollection::Remove(ListItem* item) {
+    if (!item || item->m_view != m_view) return;
+    const int row = item->m_row;
+    m_view->rowsRemoving(row);
+    m_rows.erase(m_rows.begin() + row);
+    if (!item->m_key.isEmpty()) m_byKey.remove(item->m_key);
+    renumber(row);
+    m_view->rowsRemoved(item);
+    delete item;
+}
+
+void ListItemCollection::Clear() {
+    m_view->resetting(true);
+    for (ListItem* item : m_rows) {
+        m_view->itemGone(item);
+        delete item;
+    }
+    m_rows.clear();
+    m_byKey.clear();
+    m_view->resetting(false);
+}
+
+void ListItemCollection::renumber(int from) {
+    for (int i = from; i < Count(); ++i)
+        m_rows[size_t(i)]->m_row = i;
+}
