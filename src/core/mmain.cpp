@@ -90,15 +90,15 @@ void Main() {
         mMru::LoadMRUList();
         // 8. Open, or create, and upgrade.
         const bool connected = mLogin::LoginCnn(true);
-        // 10. The main window.
+        // 10. The main window; loading it restores its layout, place and recent files.
         auto* form = new Form1();
-        mRegSettings::GetWindowConfig(form, QStringLiteral("Form1"));
         form->show();
+        MainFormVisible = true;
         form->SetNoImage();
         form->ROSwitch();
-        mMru::ShowMRUList();
-        // 11.-12.
+        // 11.
         gNotConnected = !connected;
+        // 12. A file given to the program enters the recent list at once.
         if (connected) {
             mCommon::EditCaption();
             mCommon::NotConnected(false);
@@ -109,7 +109,6 @@ void Main() {
         }
         // 13.
         form->MenuUpdate();
-        form->RefreshSummary();
         // 17.
         gMainFormShown = true;
     });
@@ -130,6 +129,7 @@ void Closing() {
 
 void MainFormHide() {
     if (gForm1) gForm1->hide();
+    MainFormVisible = false;
     gMainFormShown = false;
 }
 
@@ -139,6 +139,7 @@ void MainFormShow() {
         gForm1->raise();
         gForm1->activateWindow();
     }
+    MainFormVisible = true;
     gMainFormShown = true;
 }
 

@@ -1,57 +1,93 @@
 #include "mainwindow/form1.h"
 
-#include "core/cfiledialog.h"
 #include "core/errorreport.h"
 #include "core/globals.h"
 #include "core/language.h"
 #include "core/mmain.h"
-#include "core/seams.h"
+#include "mainwindow/commandids.h"
+#include "mainwindow/dockingpane.h"
+#include "mainwindow/icons.h"
+#include "mainwindow/statusbar.h"
 #include "phonebook/login.h"
 #include "preferences/mru.h"
+#include "preferences/preferences.h"
 #include "preferences/regsettings.h"
 #include "preferences/settings.h"
+#include "preferences/settingvalue.h"
+#include "support/controls/commandbars.h"
+#include "support/controls/imagelist.h"
+#include "support/controls/listview.h"
+#include "support/controls/treeview.h"
+#include "support/helpers/dates.h"
 
-#include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
-#include <QFile>
-#include <QFileInfo>
+#include <QDate>
 #include <QLabel>
-#include <QMenuBar>
-#include <QVBoxLayout>
+#include <QPainter>
+#include <QProgressBar>
+#include <QTimer>
 
 using namespace mLanguageGobals;
 
 Form1* gForm1 = nullptr;
+bool MainFormVisible = false;
+qint16 LastWindowState = 0;
+qint16 CurrentWindowsTheme = 0;
+
+const QString Form1::kLayout = QStringLiteral("Layout");
 
 namespace {
-const QString kMask = QStringLiteral("Kelvarin Files (*.kvdb)|*.kvdb");
+const QString kMain = QStringLiteral("Main");
 
-// Every ".kvdb" is taken out and one is put at the end: "a.kvdb.old" becomes "a.old.kvdb".
-QString withOneExtension(QString path) {
-    path.remove(QStringLiteral(".kvdb"));
-    return path + QStringLiteral(".kvdb");
-}
-
-qint64 count(const QString& sql) {
-    dao::Recordset rs = gDB.OpenRecordset(sql, dao::dbOpenSnapshot);
-    return rs.AtEOF() ? 0 : rs.Value(0).toLongLong();
+float readPercent(const char* key, float fallback) {
+    const QString v = GetSetting(AppTitle(), kMain, QLatin1String(key), QString::number(fallback));
+    bool ok = false;
+    const float f = v.toFloat(&ok);
+    return ok ? f : fallback;
 }
 } // namespace
 
 Form1::Form1(QWidget* parent) : QMainWindow(parent) {
     setObjectName(QStringLiteral("Form1"));
+    setWindowTitle(AppTitle());
+    setWindowIcon(mIcons::AppIcon());
     setMinimumSize(780, 540);
-    auto* central = new QWidget(this);
-    auto* layout = new QVBoxLayout(central);
-    lblPath = new QLabel(central);
-    lblPath->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    lblCounts = new QLabel(central);
-    layout->addWidget(lblPath);
-    layout->addWidget(lblCounts);
-    layout->addStretch();
-    setCentralWidget(central);
-    buildMenus();
+    resize(1024, 720);
+    // The panes take the whole window; the central place stays empty.
+    auto* centre = new QWidget(this);
+    setCentralWidget(centre);
+    centre->hide();
+
+    CatTree = new TreeView(this);
+    CatTree->setObjectName(QStringLiteral("CatTree"));
+    ListView2 = new ListView(this);
+    ListView2->setObjectName(QStringLiteral("ListView2"));
+    ListView1 = new ListView(this);
+    ListView1->setObjectName(QStringLiteral("ListView1"));
+    m_photoFrame = new QWidget(this);
+    m_photoFrame->setObjectName(QStringLiteral("picFrame"));
+    m_photoFrame->setAutoFillBackground(true);
+    QPalette white = m_photoFrame->palette();
+    white.setColor(QPalette::Window, Qt::white);
+    m_photoFrame->setPalette(white);
+    m_photoFrame->installEventFilter(this);
+    picBox = new QLabel(m_photoFrame);
+    picBox->setObjectName(QStringLiteral("picBox"));
+    imNoImage = mIcons::NoPhotoPicture(QSize(120, 150));
+
+    StatusBar1 = new StatusBar(1, this);
+    StatusBar1->setObjectName(QStringLiteral("StatusBar1"));
+    setStatusBar(StatusBar1);
+    ProgressBar1 = new QProgressBar(this);
+    ProgressBar1->setObjectName(QStringLiteral("ProgressBar1"));
+    Timer1 = new QTimer(this);
+    Timer1->setInterval(1000);
+    connect(Timer1, &QTimer::timeout, this,
+            [this] { RunEvent("Form1.Timer1_Timer", [this] { Timer1_Timer(); }); });
+
     gForm1 = this;
+    RunEvent("Form1.Form_Load", [this] { Form_Load(); });
 }
 
 Form1::~Form1() {
@@ -59,138 +95,179 @@ Form1::~Form1() {
     if (gForm1 == this) gForm1 = nullptr;
 }
 
-void Form1::buildMenus() {
-    QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
-    auto add = [&](QMenu* m, int id, const QString& caption) {
-        QAction* a = m->addAction(caption);
-        Actions.insert(id, a);
-        connect(a, &QAction::triggered, this, [this, id] { CommandBars1_Execute(id); });
-        return a;
-    };
-    add(file, 100, msgNew);
-    add(file, 101, msgOpen);
-    file->addSeparator();
-    m_recent = file->addMenu(msgRecentFiles);
-    for (int i = 1; i <= mMru::kMaxEntries; ++i) add(m_recent, i, QString())->setVisible(false);
-    m_recent->addSeparator();
-    add(m_recent, 117, msgClearList);
-    file->addSeparator();
-    add(file, 106, msgExit);
-    mMru::SetMenuHandler([this](const QStringList& captions) {
-        for (int i = 1; i <= mMru::kMaxEntries; ++i) {
-            QAction* a = Actions.value(i);
-            a->setVisible(i <= captions.size());
-            if (i <= captions.size()) a->setText(captions[i - 1]);
+DockingPane* Form1::Pane(int id) const {
+    switch (id) {
+    case PaneIdCategories:
+        return PCatTree;
+    case PaneIdContacts:
+        return PListView2;
+    case PaneIdCard:
+        return PListView1;
+    case PaneIdPhoto:
+        return PPhoto;
+    default:
+        return nullptr;
+    }
+}
+
+void Form1::Form_Load() {
+    HUNT_PLACE("Form1.Form_Load");
+    LoadMenuToolbar();
+    LoadPanes();
+    // Kept from an older layout of the window: read here, written back at unload.
+    SXpc2 = readPercent("SXpc2", 70);
+    SXpc1 = readPercent("SXpc1", 35);
+    SYpc = readPercent("SYpc", 50);
+    mIcons::RegisterImages(ImageList::Shared());
+    mProgressBar::MoveIntoStatusBar(ProgressBar1, StatusBar1, 1);
+    StatusBar1->setVisible(ShowStatusbar);
+    mRegSettings::GetWindowConfig(this, QStringLiteral("Form1"));
+    mRegSettings::ApplyPreferences(true, ToolbarTheme, AppTheme, {CatTree, ListView2, ListView1});
+    mMru::ShowMRUList();
+    Timer1_Timer();
+    Timer1->start();
+}
+
+void Form1::Form_Unload() {
+    HUNT_PLACE("Form1.Form_Unload");
+    if (m_unloaded) return;
+    m_unloaded = true;
+    Timer1->stop();
+    SaveSetting(AppTitle(), kMain, QStringLiteral("SXpc2"), double(SXpc2));
+    SaveSetting(AppTitle(), kMain, QStringLiteral("SXpc1"), double(SXpc1));
+    SaveSetting(AppTitle(), kMain, QStringLiteral("SYpc"), double(SYpc));
+    SaveSetting(AppTitle(), kLayout, QStringLiteral("MainWindowToolbar"), CommandBars1->SaveLayout());
+    // A window that never showed still holds the layout it loaded, not yet applied.
+    const QByteArray panes = m_pendingPanes.isEmpty() ? saveState() : m_pendingPanes;
+    SaveSetting(AppTitle(), kLayout, QStringLiteral("MainWindowPanes"),
+                QString::fromLatin1(panes.toBase64()));
+    mRegSettings::SaveWindowConfig(this, QStringLiteral("Form1"));
+    mMain::Closing();
+}
+
+void Form1::closeEvent(QCloseEvent* event) {
+    RunEvent("Form1.Form_Unload", [this] { Form_Unload(); });
+    event->accept();
+}
+
+void Form1::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange) RunEvent("Form1.Form_Resize", [this] { Form_Resize(); });
+}
+
+void Form1::Form_Resize() {
+    HUNT_PLACE("Form1.Form_Resize");
+    if (isMinimized()) return;
+    LastWindowState = isMaximized() ? 2 : 0;
+}
+
+bool Form1::eventFilter(QObject* watched, QEvent* event) {
+    // The photo follows the size of its pane; a failure here must not open a dialog mid-resize.
+    if (watched == m_photoFrame && event->type() == QEvent::Resize && !isMinimized()) {
+        try {
+            ResizePhoto();
+        } catch (...) {
         }
-    });
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
-void Form1::CommandBars1_Execute(int id) {
-    RunEvent("Form1.CommandBars1_Execute(Control)", [&] {
-        if (id >= 1 && id <= mMru::kMaxEntries) mnuFileMRU_Click(id);
-        else if (id == 100) mnuFileNew_Click();
-        else if (id == 101) mnuFileOpen_Click();
-        else if (id == 106) close();
-        else if (id == 117) mnuFileClear_Click();
-    });
+void Form1::Timer1_Timer() {
+    HUNT_PLACE("Form1.Timer1_Timer");
+    StatusBar1->SetPanelText(1, QStringLiteral("Today: ") + mDateTime::FormatDate(QDate::currentDate()));
+    EditCaption();
 }
 
-void Form1::RefreshSummary() {
-    if (gNotConnected || !gDBOpen) {
-        lblPath->setText(QString());
-        lblCounts->setText(QString());
+void Form1::EditCaption() {
+    HUNT_PLACE("Form1.EditCaption");
+    if (!gNotConnected && gDBOpen) mCommon::EditCaption();
+}
+
+void Form1::SetNoImage() {
+    HUNT_PLACE("Form1.SetNoImage");
+    picImage = imNoImage;
+    ResizePhoto();
+}
+
+// The photo fits its pane: a larger one is scaled down to the pane's width, then to its height,
+// keeping its proportions; a smaller one is never enlarged. It stands centred on white.
+void Form1::ResizePhoto() {
+    const QSize frame = m_photoFrame->size();
+    if (picImage.isNull() || frame.isEmpty()) {
+        picBox->clear();
         return;
     }
-    lblPath->setText(gDBPath);
-    lblCounts->setText(QStringLiteral("%1%2\n%3: %4\n%5: %6\n%7: %8")
-                           .arg(msgContactsColon)
-                           .arg(count(QStringLiteral("SELECT Count(*) FROM CDs")))
-                           .arg(msgCategories)
-                           .arg(count(QStringLiteral("SELECT Count(*) FROM Categories WHERE ID > 0")))
-                           .arg(msgGroups)
-                           .arg(count(QStringLiteral("SELECT Count(*) FROM Boxes WHERE ID > 0")))
-                           .arg(msgFavoritesTree)
-                           .arg(count(QStringLiteral("SELECT Count(*) FROM Borrows WHERE ID > 0"))));
-}
-
-void Form1::mnuFileNew_Click() {
-    HUNT_PLACE("Form1.mnuFileNew_Click");
-    CFileDialog dlg;
-    dlg.Owner = this;
-    dlg.Extension = QStringLiteral("kvdb");
-    dlg.Mask = kMask;
-    dlg.Title = msgCreatePhonebook;
-    const QString recent = GetSetting(AppTitle(), QStringLiteral("Recent"), QStringLiteral("1"));
-    dlg.InitDir = QFileInfo(recent.isEmpty() ? DefaultPhonebook() : recent).absolutePath();
-    dlg.FileName = QFileInfo(DefaultPhonebook()).fileName();
-    if (!dlg.Show(true) || dlg.FileName.isEmpty()) return;
-    const QString path = withOneExtension(dlg.FileName);
-    mMru::AddToMRUList(path);
-    gDBPath = path;
-    mCommon::Disconnect();
-    mCommon::NotConnected(true);
-    mCommon::EditCaption();
-    if (QFile::exists(path)) QFile::remove(path); // the save dialog has already asked
-    if (mLogin::LoginCnn(false)) {
-        mCommon::EditCaption();
-        ROSwitch();
-        mCommon::NotConnected(false);
-        MenuUpdate();
-    } else {
-        mCommon::NotConnected(true);
-        mCommon::EditCaption();
+    double w = picImage.width(), h = picImage.height();
+    if (w > frame.width()) {
+        const float r = float(frame.width()) / float(w);
+        w = qRound(w * r);
+        h = qRound(h * r);
     }
-    RefreshSummary();
-}
-
-void Form1::mnuFileOpen_Click() {
-    HUNT_PLACE("Form1.mnuFileOpen_Click");
-    CFileDialog dlg;
-    dlg.Owner = this;
-    dlg.Extension = QStringLiteral("kvdb");
-    dlg.Mask = kMask;
-    dlg.Title = msgOpenPhonebook;
-    const QString recent = GetSetting(AppTitle(), QStringLiteral("Recent"), QStringLiteral("1"));
-    dlg.InitDir = QFileInfo(recent.isEmpty() ? DefaultPhonebook() : recent).absolutePath();
-    if (!dlg.Show(false) || dlg.FileName.isEmpty() || dlg.FileName == gDBPath) return;
-    mMru::AddToMRUList(dlg.FileName);
-    openChosen(dlg.FileName);
-}
-
-void Form1::mnuFileMRU_Click(int Index) {
-    HUNT_PLACE("Form1.mnuFileMRU_Click(Index)", Index);
-    const QString path = mMru::MRUFiles.value(Index - 1);
-    if (path.isEmpty()) return;
-    mMru::AddToMRUList(path);
-    if (path == gDBPath && !gNotConnected) return;
-    openChosen(path);
-}
-
-void Form1::mnuFileClear_Click() {
-    HUNT_PLACE("Form1.mnuFileClear_Click");
-    mMru::ClearMRUListKeepCurrent();
-}
-
-// The common road of Open and Recent once the path is known.
-void Form1::openChosen(const QString& path) {
-    gDBPath = path;
-    mCommon::Disconnect();
-    if (mLogin::LoginCnn(false)) {
-        ROSwitch();
-        mCommon::EditCaption();
-        mCommon::NotConnected(false);
-        MenuUpdate();
-    } else {
-        mCommon::NotConnected(true);
-        mCommon::EditCaption();
+    if (h > frame.height()) {
+        const float r = float(frame.height()) / float(h);
+        w = qRound(w * r);
+        h = qRound(h * r);
     }
-    RefreshSummary();
+    const QSize fitted(qMax(1, int(w)), qMax(1, int(h)));
+    QPixmap shown(fitted);
+    shown.fill(Qt::white);
+    {
+        QPainter p(&shown);
+        p.setRenderHint(QPainter::SmoothPixmapTransform);
+        p.drawPixmap(QRect(QPoint(0, 0), fitted), picImage);
+    }
+    picBox->setPixmap(shown);
+    picBox->setGeometry((frame.width() - fitted.width()) / 2, (frame.height() - fitted.height()) / 2,
+                        fitted.width(), fitted.height());
 }
 
-void Form1::closeEvent(QCloseEvent* e) {
-    RunEvent("Form1.Form_Unload", [&] {
-        mRegSettings::SaveWindowConfig(this, QStringLiteral("Form1"));
-        mMain::Closing();
-    });
-    e->accept();
+void Form1::MenuUpdate() {
+    HUNT_PLACE("Form1.MenuUpdate");
+    auto enable = [this](int id, bool on) {
+        if (CommandBarAction* a = CommandBars1->FindAction(id)) a->SetEnabled(on);
+    };
+    // Without a phonebook the commands keep the state NotConnected gave them.
+    if (!gNotConnected) {
+        const bool selected = ListView2->ListItems.Count() > 0 && ListView2->SelectedItem();
+        for (int id : {int(cmd::ContactCopy), int(cmd::ContactDelete), int(cmd::ContactProperties)})
+            enable(id, selected);
+        // The toolbar's Delete and Properties also work on the tree when it has the focus.
+        const bool treeActive = focusWidget() == CatTree;
+        enable(cmd::MainDelete, selected || treeActive);
+        enable(cmd::MainProperties, selected || treeActive);
+    }
+    const int tabs[][2] = {{cmd::TabCategories, cmd::ViewCategories},
+                           {cmd::TabGroups, cmd::ViewGroups},
+                           {cmd::TabFavorites, cmd::ViewFavorites}};
+    for (const auto& t : tabs)
+        CommandBars1->FindAction(t[1])->SetChecked(CommandBars1->FindAction(t[0])->Checked());
+}
+
+void Form1::GroupChange(int ButtonID) {
+    HUNT_PLACE("Form1.GroupChange(ButtonID)", ButtonID);
+    QList<int> group;
+    if (ButtonID == cmd::TabCategories || ButtonID == cmd::TabGroups || ButtonID == cmd::TabFavorites) {
+        group = {cmd::TabCategories, cmd::TabGroups, cmd::TabFavorites};
+    } else {
+        group = {cmd::LetterAll};
+        for (int id = cmd::LetterA; id <= cmd::LetterUnknown; ++id)
+            group << id;
+    }
+    for (int id : group)
+        if (CommandBarAction* a = CommandBars1->FindAction(id)) a->SetChecked(id == ButtonID);
+}
+
+void Form1::ViewMainSwich(const QString& Key) {
+    HUNT_PLACE("Form1.ViewMainSwich(Key)", Key);
+    // The button whose tag is the key: a tree tab or a letter.
+    QList<int> buttons = {cmd::TabCategories, cmd::TabGroups, cmd::TabFavorites, cmd::LetterAll};
+    for (int id = cmd::LetterA; id <= cmd::LetterUnknown; ++id)
+        buttons << id;
+    for (int id : buttons) {
+        if (CommandBars1->FindAction(id)->Tag() == Key) {
+            GroupChange(id);
+            break;
+        }
+    }
+    MenuUpdate();
 }

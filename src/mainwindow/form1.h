@@ -1,45 +1,123 @@
 #pragma once
-// The main window. For now it shows the open phonebook with its counts and offers the File
-// commands; every command is an action found by its numeric id.
+// The main window: the hub of the program and its only window that is not modal. Four dockable
+// panes (the tree, the contact list, the contact's fields, the photo) under a menu bar and three
+// toolbars, with a status bar. Every command is an action with a numeric id that reaches
+// CommandBars1_Execute.
 
-#include <QHash>
 #include <QMainWindow>
+#include <QPixmap>
+#include <QString>
 
-class QAction;
+class CommandBarAction;
+class CommandBars;
+class DockingPane;
+class ListView;
 class QLabel;
 class QMenu;
+class QProgressBar;
+class QTimer;
+class StatusBar;
+class TreeView;
+
+// View state of the main window that other parts of the program read.
+extern bool MainFormVisible;       // shown, not hidden to the tray
+extern qint16 LastWindowState;     // last state other than minimised: 0 normal, 2 maximised
+extern qint16 CurrentWindowsTheme; // the desktop theme seen last
 
 class Form1 : public QMainWindow {
     Q_OBJECT
-public:
+  public:
+    // Pane ids.
+    enum { PaneIdCategories = 1, PaneIdContacts = 2, PaneIdCard = 3, PaneIdPhoto = 4 };
+    // Actions of the pane manager.
+    enum PaneAction { PaneActionClosing = 1 };
+    // The settings section of the saved layouts.
+    static const QString kLayout;
+
+    // Builds the window (Form_Load); it shows when the caller shows it.
     explicit Form1(QWidget* parent = nullptr);
     ~Form1() override;
 
-    // Command actions by id (100 New, 101 Open, 106 Exit, 117 Clear list, 1..10 recent files).
-    QHash<int, QAction*> Actions;
+    // Controls.
+    CommandBars* CommandBars1 = nullptr;
+    TreeView* CatTree = nullptr;
+    ListView* ListView2 = nullptr; // contacts
+    ListView* ListView1 = nullptr; // fields of the selected contact
+    DockingPane* PCatTree = nullptr;
+    DockingPane* PListView2 = nullptr;
+    DockingPane* PListView1 = nullptr;
+    DockingPane* PPhoto = nullptr;
+    QLabel* picBox = nullptr; // the photo as fitted into its pane
+    QPixmap picImage;         // the photo at its own size
+    QPixmap imNoImage;        // the picture for contacts without a photo
+    StatusBar* StatusBar1 = nullptr;
+    QProgressBar* ProgressBar1 = nullptr;
+    QTimer* Timer1 = nullptr;
+    QMenu* Popup = nullptr; // pop-up of the contact list
 
-    void CommandBars1_Execute(int id);
+    // Splitter places of an older layout of the window, in percent: read at load, kept at unload.
+    float SXpc1 = 35;
+    float SXpc2 = 70;
+    float SYpc = 50;
+
+    DockingPane* Pane(int id) const;
+
+    // Window procedures.
+    void Form_Load();
+    void Form_Unload();
+    void Form_Resize();
+    void LoadMenuToolbar();
+    void LoadPanes();
+    void DockingPaneManager_Action(PaneAction Action, int Pane);
+    void Timer1_Timer();
+    void EditCaption();
+    void MenuUpdate();
+    void GroupChange(int ButtonID);
+    void ViewMainSwich(const QString& Key);
+    void SetNoImage();
+    void ResizePhoto();
+    void ROSwitch() {}
+
+    // The one dispatcher of all commands.
+    void CommandBars1_Execute(CommandBarAction* Control);
+
+    // File commands.
     void mnuFileNew_Click();
     void mnuFileOpen_Click();
     void mnuFileMRU_Click(int Index);
     void mnuFileClear_Click();
+    void mnuFileExit_Click();
 
-    // Fills the view from the open phonebook (or empties it when none is open).
-    void RefreshSummary();
-    void SetNoImage() {}
-    void ROSwitch() {}
-    void MenuUpdate() {}
+    // View commands.
+    void SwitchToolTips();
+    void SwitchStatusBar();
+    void SwitchLargeIcons();
+    void SwitchLockToolbars();
+    void RestoreToolbarDefaults();
+    void SwitchPane(int Pane);
+    void RestorePaneDefaults();
 
-    QLabel* lblPath;
-    QLabel* lblCounts;
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
-protected:
-    void closeEvent(QCloseEvent* e) override;
-
-private:
-    QMenu* m_recent = nullptr;
-    void buildMenus();
+  private:
+    void buildFileMenu(QMenu* file);
+    void buildToolbars();
+    void buildListPopup();
+    void showRecentList(const QStringList& captions);
     void openChosen(const QString& path);
+    void applyPaneVisibility();
+    void loadPaneLayout(const QString& key);
+    void showListPopup(const QPoint& pos);
+    void tickViewEntries();
+
+    QWidget* m_photoFrame = nullptr;
+    QByteArray m_pendingPanes; // a pane layout waiting for the window to show
+    QString m_pendingToolbars;
+    bool m_unloaded = false;
 };
 
 // The one reference to the main window; null while it does not exist.

@@ -4,10 +4,10 @@
 #include "mainwindow/form1.h"
 #include "phonebook/login.h"
 #include "preferences/preferences.h"
+#include "support/controls/commandbars.h"
+#include "support/controls/listview.h"
+#include "support/controls/treeview.h"
 #include "support/helpers/files.h"
-
-#include <QAction>
-#include <QLabel>
 
 using namespace mLanguageGobals;
 
@@ -16,10 +16,12 @@ namespace mCommon {
 namespace {
 // Commands that stay usable without a phonebook.
 bool usableWithoutPhonebook(int id) {
-    static const int singles[] = {100, 101, 105, 106, 117, 199, 299, 399, 412, 522, 599, 603, 10299, 10300, 10399, 10419, 10420, 59392};
+    static const int singles[] = {100, 101, 105,   106,   117,   199,   299,   399,   412,
+                                  522, 599, 603, 799, 10299, 10300, 10399, 10419, 10420, 59392};
     for (int s : singles)
         if (id == s) return true;
-    const int ranges[][2] = {{1, 10}, {512, 520}, {699, 701}, {703, 706}, {799, 799}, {10101, 10105}, {10199, 10225}, {10304, 10307}};
+    const int ranges[][2] = {{1, 10},       {512, 520},     {699, 701},     {703, 706},
+                             {10101, 10105}, {10199, 10225}, {10304, 10307}};
     for (const auto& r : ranges)
         if (id >= r[0] && id <= r[1]) return true;
     return false;
@@ -29,9 +31,13 @@ bool usableWithoutPhonebook(int id) {
 void Disconnect() {
     HUNT_PLACE("mCommon.Disconnect");
     if (gForm1) {
+        gForm1->ListView2->ListItems.Clear();
+        gForm1->ListView1->ListItems.Clear();
         gForm1->SetNoImage();
-        gForm1->lblPath->clear();
-        gForm1->lblCounts->clear();
+        gForm1->CatTree->Nodes.Clear();
+        gForm1->ListView2->SetTag(QString());
+        gForm1->ListView1->SetTag(QString());
+        gForm1->CatTree->SetTag(QString());
     }
     if (gDBOpen || gDB.isOpen()) gDB.Close();
     gDBOpen = false;
@@ -45,15 +51,15 @@ void NotConnected(bool mode) {
     HUNT_PLACE("mCommon.NotConnected(mode)", mode);
     gNotConnected = mode;
     if (!gForm1) return;
-    for (auto it = gForm1->Actions.constBegin(); it != gForm1->Actions.constEnd(); ++it)
-        if (!usableWithoutPhonebook(it.key())) it.value()->setEnabled(!mode);
+    for (CommandBarAction* action : gForm1->CommandBars1->Actions())
+        if (!usableWithoutPhonebook(action->Id())) action->SetEnabled(!mode);
 }
 
 void EditCaption() {
     HUNT_PLACE("mCommon.EditCaption");
     if (!gForm1) return;
     QString title = AppTitle();
-    if (!gNotConnected && gDBOpen) {
+    if (gDBOpen) {
         title += QStringLiteral(" - ") + gDBPath;
         if (BDSizeOnTitle) title += QStringLiteral(" - ") + msgDatabaseSize + mScanCD::GetFileDBSize(false, gDBPath);
     }

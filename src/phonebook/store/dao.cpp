@@ -381,25 +381,27 @@ QVariant parseDate(const char* s, int n) {
 } // namespace
 
 QVariant ColumnValue(sqlite3_stmt* stmt, int i, ColKind kind) {
-    switch (sqlite3_column_type(stmt, i)) {
+    // One column lookup, then the value's own accessors, which skip the statement's bookkeeping.
+    sqlite3_value* v = sqlite3_column_value(stmt, i);
+    switch (sqlite3_value_type(v)) {
     case SQLITE_NULL: return QVariant();
     case SQLITE_INTEGER: {
-        const qint64 v = sqlite3_column_int64(stmt, i);
-        if (kind == ColKind::Bool) return QVariant(v != 0);
-        if (kind == ColKind::Double) return QVariant(double(v));
-        if (v >= INT_MIN && v <= INT_MAX) return QVariant(int(v));
-        return QVariant(qlonglong(v));
+        const qint64 n = sqlite3_value_int64(v);
+        if (kind == ColKind::Bool) return QVariant(n != 0);
+        if (kind == ColKind::Double) return QVariant(double(n));
+        if (n >= INT_MIN && n <= INT_MAX) return QVariant(int(n));
+        return QVariant(qlonglong(n));
     }
-    case SQLITE_FLOAT: return QVariant(sqlite3_column_double(stmt, i));
+    case SQLITE_FLOAT: return QVariant(sqlite3_value_double(v));
     case SQLITE_TEXT: {
-        const char* p = reinterpret_cast<const char*>(sqlite3_column_text(stmt, i));
-        const int n = sqlite3_column_bytes(stmt, i);
+        const char* p = reinterpret_cast<const char*>(sqlite3_value_text(v));
+        const int n = sqlite3_value_bytes(v);
         if (kind == ColKind::Date) return parseDate(p, n);
-        return QString::fromUtf8(p, n);
+        return QVariant(QString::fromUtf8(p, n));
     }
     default: {
-        const void* p = sqlite3_column_blob(stmt, i);
-        return QByteArray(static_cast<const char*>(p), sqlite3_column_bytes(stmt, i));
+        const void* p = sqlite3_value_blob(v);
+        return QByteArray(static_cast<const char*>(p), sqlite3_value_bytes(v));
     }
     }
 }

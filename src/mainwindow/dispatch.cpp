@@ -1,0 +1,214 @@
+// The one dispatcher of the main window's commands, and the commands of the View menu that
+// switch bars and panes.
+#include "core/errorreport.h"
+#include "core/globals.h"
+#include "mainwindow/commandids.h"
+#include "mainwindow/form1.h"
+#include "mainwindow/statusbar.h"
+#include "preferences/preferences.h"
+#include "preferences/settings.h"
+#include "support/controls/commandbars.h"
+
+#include <QToolBar>
+
+namespace {
+
+void storePreference(const char* key, bool value) {
+    SaveSetting(AppTitle(), QStringLiteral("PreferencesNew"), QLatin1String(key), value);
+}
+
+// The commands after which the enabled state of the list commands is brought up to date.
+bool updatesMenu(int id) {
+    return id == cmd::TabFavorites || id == cmd::LetterAll || (id >= cmd::MainAdd && id <= cmd::MainReport) ||
+           id == cmd::MainPreferences || id == cmd::MainHelp ||
+           (id >= cmd::LetterA && id <= cmd::TabGroups) || id == cmd::TabCategories;
+}
+
+} // namespace
+
+void Form1::CommandBars1_Execute(CommandBarAction* Control) {
+    if (!Control) return;
+    RunEvent("Form1.CommandBars1_Execute(Control)", [this, Control] {
+        const int id = Control->Id();
+        switch (id) {
+        case cmd::FileNew:
+            mnuFileNew_Click();
+            break;
+        case cmd::FileOpen:
+            mnuFileOpen_Click();
+            break;
+        case cmd::FileExit:
+            mnuFileExit_Click();
+            break;
+        case cmd::RecentClear:
+            mnuFileClear_Click();
+            break;
+        case cmd::FileInfo:
+        case cmd::FileClearDB:
+        case cmd::FileCompactDB:
+        case cmd::AccessFull:
+        case cmd::AccessReadOnly:
+        case cmd::AccessOptions:
+            break;
+
+        case cmd::CategoryAdd:
+        case cmd::CategoryRename:
+        case cmd::CategoryDelete:
+        case cmd::CategorySortByName:
+        case cmd::CategorySortByContacts:
+        case cmd::CategoryQuickAdd:
+        case cmd::CategoryModeNormal:
+        case cmd::CategoryModeAdvanced:
+        case cmd::CategoryProperties:
+            break;
+
+        case cmd::ContactAdd:
+        case cmd::ContactNoFavorite:
+        case cmd::ContactDelete:
+        case cmd::ContactProperties:
+        case cmd::ContactCopy:
+            break;
+
+        case cmd::ViewCategories:
+            ViewMainSwich(QStringLiteral("Categories"));
+            break;
+        case cmd::ViewFavorites:
+            ViewMainSwich(QStringLiteral("Borrows"));
+            break;
+        case cmd::ViewGroups:
+            ViewMainSwich(QStringLiteral("Boxes"));
+            break;
+        case cmd::ViewRefresh:
+            break;
+        case cmd::ViewToolTips:
+            SwitchToolTips();
+            break;
+        case cmd::ViewStatusBar:
+            SwitchStatusBar();
+            break;
+        case cmd::ViewLargeIcons:
+            SwitchLargeIcons();
+            break;
+        case cmd::ViewLockToolbars:
+            SwitchLockToolbars();
+            break;
+        case cmd::ViewToolbarsDefault:
+            RestoreToolbarDefaults();
+            break;
+        case cmd::ViewPaneCategories:
+            SwitchPane(PaneIdCategories);
+            break;
+        case cmd::ViewPaneContacts:
+            SwitchPane(PaneIdContacts);
+            break;
+        case cmd::ViewPaneCard:
+            SwitchPane(PaneIdCard);
+            break;
+        case cmd::ViewPanePhoto:
+            SwitchPane(PaneIdPhoto);
+            break;
+        case cmd::ViewPanesDefault:
+            RestorePaneDefaults();
+            break;
+
+        case cmd::ToolsSearch:
+        case cmd::ToolsStatistics:
+        case cmd::ToolsReport:
+        case cmd::ToolsReportSelected:
+        case cmd::ToolsPreferences:
+            break;
+
+        case cmd::HelpContents:
+        case cmd::HelpTip:
+        case cmd::HelpWebsite:
+        case cmd::HelpSupport:
+        case cmd::HelpFeedback:
+        case cmd::HelpAbout:
+            break;
+
+        case cmd::ListRefresh:
+        case cmd::ListAdd:
+        case cmd::ListNoFavorite:
+        case cmd::ListDelete:
+        case cmd::ListProperties:
+        case cmd::ListCopy:
+            break;
+
+        case cmd::TabCategories:
+        case cmd::TabGroups:
+        case cmd::TabFavorites:
+            GroupChange(id);
+            break;
+
+        case cmd::MainAdd:
+        case cmd::MainDelete:
+        case cmd::MainProperties:
+        case cmd::MainSearch:
+        case cmd::MainStatistics:
+        case cmd::MainReport:
+        case cmd::MainPreferences:
+        case cmd::MainHelp:
+            break;
+
+        case cmd::ReportOnList:
+        case cmd::ReportOnContact:
+            break;
+
+        default:
+            if (id >= cmd::RecentFirst && id <= cmd::RecentLast) {
+                mnuFileMRU_Click(id);
+            } else if (id == cmd::LetterAll || (id >= cmd::LetterA && id <= cmd::LetterUnknown)) {
+                GroupChange(id);
+            }
+            break;
+        }
+        if (updatesMenu(id)) MenuUpdate();
+    });
+}
+
+void Form1::SwitchToolTips() {
+    HUNT_PLACE("Form1.SwitchToolTips");
+    ShowToolTip = !ShowToolTip;
+    storePreference("ShowToolTip", ShowToolTip);
+    CommandBars1->SetShowToolTips(ShowToolTip);
+    CommandBars1->FindAction(cmd::ViewToolTips)->SetChecked(ShowToolTip);
+}
+
+void Form1::SwitchStatusBar() {
+    HUNT_PLACE("Form1.SwitchStatusBar");
+    ShowStatusbar = !ShowStatusbar;
+    storePreference("ShowStatusbar", ShowStatusbar);
+    StatusBar1->setVisible(ShowStatusbar);
+    CommandBars1->FindAction(cmd::ViewStatusBar)->SetChecked(ShowStatusbar);
+}
+
+void Form1::SwitchLargeIcons() {
+    HUNT_PLACE("Form1.SwitchLargeIcons");
+    ShowLargeIcons = !ShowLargeIcons;
+    storePreference("ShowLargeIcons", ShowLargeIcons);
+    CommandBars1->SetLargeIcons(ShowLargeIcons);
+    CommandBars1->FindAction(cmd::ViewLargeIcons)->SetChecked(ShowLargeIcons);
+}
+
+void Form1::SwitchLockToolbars() {
+    HUNT_PLACE("Form1.SwitchLockToolbars");
+    LockToolbar = !LockToolbar;
+    storePreference("LockToolbar", LockToolbar);
+    CommandBars1->SetLocked(LockToolbar);
+    CommandBars1->FindAction(cmd::ViewLockToolbars)->SetChecked(LockToolbar);
+}
+
+void Form1::RestoreToolbarDefaults() {
+    HUNT_PLACE("Form1.RestoreToolbarDefaults");
+    CommandBars1->LoadLayout(GetSetting(AppTitle(), kLayout, QStringLiteral("MainWindowToolbarDefault")));
+    ShowToolTip = true;
+    ShowLargeIcons = true;
+    LockToolbar = false;
+    storePreference("ShowToolTip", ShowToolTip);
+    storePreference("ShowLargeIcons", ShowLargeIcons);
+    storePreference("LockToolbar", LockToolbar);
+    CommandBars1->SetShowToolTips(ShowToolTip);
+    CommandBars1->SetLargeIcons(ShowLargeIcons);
+    CommandBars1->SetLocked(LockToolbar);
+    tickViewEntries();
+}

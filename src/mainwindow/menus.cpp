@@ -1,0 +1,233 @@
+// The command structure of the main window: menu bar, toolbars, the contact list's pop-up and
+// the key bindings, all made here with their ids.
+#include "core/error.h"
+#include "core/globals.h"
+#include "core/language.h"
+#include "mainwindow/commandids.h"
+#include "mainwindow/form1.h"
+#include "mainwindow/icons.h"
+#include "preferences/mru.h"
+#include "preferences/preferences.h"
+#include "preferences/settings.h"
+#include "support/controls/commandbars.h"
+#include "support/controls/listview.h"
+
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+#include <QToolButton>
+
+using namespace mLanguageGobals;
+
+namespace {
+constexpr ControlType kPlain = ControlType::Button;
+constexpr ControlType kRadio = ControlType::RadioButton;
+
+// "&3 /home/a&b.kvdb" shows "3 /home/a&b.kvdb" with 3 underlined: only the number's "&" is a
+// mnemonic, an "&" in the path shows as it is.
+QString recentMenuText(const QString& caption) {
+    const int blank = caption.indexOf(QLatin1Char(' '));
+    if (blank < 0) return caption;
+    QString path = caption.mid(blank + 1);
+    path.replace(QLatin1Char('&'), QLatin1String("&&"));
+    return caption.left(blank + 1) + path;
+}
+} // namespace
+
+void Form1::LoadMenuToolbar() {
+    HUNT_PLACE("Form1.LoadMenuToolbar");
+    CommandBars1 = new CommandBars(this);
+    CommandBars1->setObjectName(QStringLiteral("CommandBars1"));
+    CommandBars1->SetIconProvider(mIcons::CommandIcon);
+    CommandBars1->SetShowToolTips(ShowToolTip);
+    CommandBars1->SetLargeIcons(ShowLargeIcons);
+    CommandBars1->SetLocked(LockToolbar);
+    connect(CommandBars1, &CommandBars::Execute, this, &Form1::CommandBars1_Execute);
+
+    // The toolbars first, so that the toolbar list of the View menu finds them.
+    buildToolbars();
+
+    CommandBars& cb = *CommandBars1;
+    QMenuBar* bar = menuBar();
+    buildFileMenu(cb.AddPopup(bar, msgFile));
+
+    QMenu* categories = cb.AddPopup(bar, msgCategories);
+    cb.AddButton(categories, kPlain, cmd::CategoryQuickAdd, msgQuickAdd);
+    cb.AddButton(categories, kPlain, cmd::CategoryAdd, msgAdd, true);
+    cb.AddButton(categories, kPlain, cmd::CategoryRename, msgRename);
+    cb.AddButton(categories, kPlain, cmd::CategoryDelete, msgDelete);
+    cb.AddButton(categories, kPlain, cmd::CategorySortByName, msgSortByName, true);
+    cb.AddButton(categories, kPlain, cmd::CategorySortByContacts, msgSortByContacts);
+    cb.AddButton(categories, kRadio, cmd::CategoryModeNormal, msgNormalMode, true);
+    cb.AddButton(categories, kRadio, cmd::CategoryModeAdvanced, msgAdvancedMode);
+    cb.AddButton(categories, kPlain, cmd::CategoryProperties, msgProperties, true);
+
+    QMenu* contacts = cb.AddPopup(bar, msgContacts);
+    cb.AddButton(contacts, kPlain, cmd::ContactAdd, msgAddContact);
+    cb.AddButton(contacts, kPlain, cmd::ContactCopy, msgCreateCopy);
+    cb.AddButton(contacts, kPlain, cmd::ContactNoFavorite, msgRemoveFromFavorites, true);
+    cb.AddButton(contacts, kPlain, cmd::ContactDelete, msgDelete, true);
+    cb.AddButton(contacts, kPlain, cmd::ContactProperties, msgProperties);
+
+    QMenu* view = cb.AddPopup(bar, msgView);
+    QMenu* toolbars = cb.AddPopup(view, msgToolbars);
+    cb.AddToolbarList(toolbars, cmd::ToolbarList, QStringLiteral("&Toolbar List"));
+    cb.AddButton(toolbars, kRadio, cmd::ViewToolTips, msgToolTips, true);
+    cb.AddButton(toolbars, kRadio, cmd::ViewLargeIcons, msgLargeIcons);
+    cb.AddButton(toolbars, kRadio, cmd::ViewLockToolbars, msgLockTheToolbars);
+    cb.AddButton(toolbars, kPlain, cmd::ViewToolbarsDefault, msgRestoreDefaults, true);
+    QMenu* panes = cb.AddPopup(view, msgPanes);
+    cb.AddButton(panes, kRadio, cmd::ViewPaneCategories, msgCategoriesFavoritesPane);
+    cb.AddButton(panes, kRadio, cmd::ViewPaneContacts, msgContacts);
+    cb.AddButton(panes, kRadio, cmd::ViewPaneCard, msgContactCardPane);
+    cb.AddButton(panes, kRadio, cmd::ViewPanePhoto, msgPhoto);
+    cb.AddButton(panes, kPlain, cmd::ViewPanesDefault, msgRestoreDefaults, true);
+    cb.AddButton(view, kRadio, cmd::ViewStatusBar, msgStatusBar);
+    cb.AddButton(view, kRadio, cmd::ViewCategories, msgCategories, true);
+    cb.AddButton(view, kRadio, cmd::ViewGroups, msgGroups);
+    cb.AddButton(view, kRadio, cmd::ViewFavorites, msgFavoritesTree);
+    cb.AddButton(view, kPlain, cmd::ViewRefresh, msgRefresh, true);
+
+    QMenu* tools = cb.AddPopup(bar, msgTools);
+    cb.AddButton(tools, kPlain, cmd::ToolsSearch, msgSearch);
+    cb.AddButton(tools, kPlain, cmd::ToolsStatistics, msgStatistics);
+    cb.AddButton(tools, kPlain, cmd::ToolsReport, msgReport);
+    cb.AddButton(tools, kPlain, cmd::ToolsPreferences, msgPreferences, true);
+
+    QMenu* help = cb.AddPopup(bar, msgHelp);
+    cb.AddButton(help, kPlain, cmd::HelpContents, msgHelpContents);
+    cb.AddButton(help, kPlain, cmd::HelpTip, msgTipOfTheDay);
+    cb.AddButton(help, kPlain, cmd::HelpWebsite, msgWebsite);
+    cb.AddButton(help, kPlain, cmd::HelpSupport, msgTechnicalSupport);
+    cb.AddButton(help, kPlain, cmd::HelpFeedback, msgSendFeedbackMenu);
+    cb.AddButton(help, kPlain, cmd::HelpAbout, msgAbout, true);
+
+    buildListPopup();
+
+    cb.FindAction(cmd::HelpContents)->setShortcut(QKeySequence(Qt::Key_F1));
+    cb.FindAction(cmd::ToolsSearch)->setShortcut(QKeySequence(Qt::Key_F3));
+    cb.FindAction(cmd::ViewRefresh)->setShortcut(QKeySequence(Qt::Key_F5));
+    tickViewEntries();
+
+    SaveSetting(AppTitle(), kLayout, QStringLiteral("MainWindowToolbarDefault"), cb.SaveLayout());
+    cb.LoadLayout(GetSetting(AppTitle(), kLayout, QStringLiteral("MainWindowToolbar")));
+}
+
+void Form1::buildFileMenu(QMenu* file) {
+    CommandBars& cb = *CommandBars1;
+    cb.AddButton(file, kPlain, cmd::FileNew, msgNew);
+    cb.AddButton(file, kPlain, cmd::FileOpen, msgOpen);
+    QMenu* access = cb.AddPopup(file, msgAccessMode);
+    cb.AddButton(access, kRadio, cmd::AccessFull, msgFullAccess);
+    cb.AddButton(access, kRadio, cmd::AccessReadOnly, msgReadOnlyAccess);
+    cb.AddButton(access, kPlain, cmd::AccessOptions, msgAccessOptions, true);
+    cb.AddButton(file, kPlain, cmd::FileInfo, msgDatabaseInfo, true);
+    cb.AddButton(file, kPlain, cmd::FileClearDB, msgClearDatabase);
+    cb.AddButton(file, kPlain, cmd::FileCompactDB, msgCompactDatabase);
+    QMenu* recent = cb.AddPopup(file, msgRecentFiles);
+    for (int n = cmd::RecentFirst; n <= cmd::RecentLast; ++n)
+        cb.AddButton(recent, kPlain, n, QStringLiteral("-"))->SetVisible(false);
+    cb.AddButton(recent, kPlain, cmd::RecentClear, msgClearList, true);
+    cb.AddButton(file, kPlain, cmd::FileExit, msgExit, true);
+    mMru::SetMenuHandler([this](const QStringList& captions) { showRecentList(captions); });
+}
+
+void Form1::showRecentList(const QStringList& captions) {
+    for (int n = cmd::RecentFirst; n <= cmd::RecentLast; ++n) {
+        CommandBarAction* entry = CommandBars1->FindAction(n);
+        const bool used = n <= captions.size();
+        entry->SetCaption(used ? recentMenuText(captions.at(n - 1)) : QStringLiteral("-"));
+        entry->SetVisible(used);
+    }
+}
+
+void Form1::buildToolbars() {
+    CommandBars& cb = *CommandBars1;
+    auto tagged = [&](QToolBar* bar, int id, const QString& caption, const QString& tag, ControlType type,
+                      bool beginGroup = false) {
+        CommandBarAction* a = cb.AddButton(bar, type, id, caption, beginGroup);
+        a->SetTag(tag);
+        return a;
+    };
+
+    QToolBar* trees = cb.AddToolBar(msgCategoriesFavorites, QStringLiteral("CategoriesFavorites"));
+    trees->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    tagged(trees, cmd::TabCategories, msgCategories, QStringLiteral("Categories"), kRadio)->SetChecked(true);
+    tagged(trees, cmd::TabGroups, msgGroups, QStringLiteral("Boxes"), kRadio);
+    tagged(trees, cmd::TabFavorites, msgFavoritesTree, QStringLiteral("Borrows"), kRadio);
+
+    QToolBar* letters = cb.AddToolBar(msgAlphabeticalIndex, QStringLiteral("AlphabeticalIndex"));
+    tagged(letters, cmd::LetterAll, QStringLiteral("ALL"), QStringLiteral("ALL"), kRadio)->SetChecked(true);
+    for (int id = cmd::LetterA; id <= cmd::LetterZ; ++id) {
+        const QString letter(QChar(u'A' + (id - cmd::LetterA)));
+        tagged(letters, id, letter, letter, kRadio);
+    }
+    tagged(letters, cmd::LetterDigits, QStringLiteral("0-9"), QStringLiteral("NUM"), kRadio);
+    tagged(letters, cmd::LetterUnknown, QStringLiteral("?"), QStringLiteral("UNK"), kRadio);
+    // Letters of one width, narrow enough for the whole index to fit the smallest window.
+    const int letterWidth = letters->fontMetrics().horizontalAdvance(QLatin1Char('W')) + 10;
+    for (QAction* a : letters->actions())
+        if (a->text().size() == 1)
+            if (QWidget* button = letters->widgetForAction(a)) button->setFixedWidth(letterWidth);
+
+    QToolBar* main = cb.AddToolBar(msgMain, QStringLiteral("Main"));
+    tagged(main, cmd::MainAdd, msgAddContact, QStringLiteral("New"), kPlain);
+    tagged(main, cmd::MainDelete, msgDelete, QStringLiteral("Delete"), kPlain, true);
+    tagged(main, cmd::MainProperties, msgProperties, QStringLiteral("Prop"), kPlain);
+    tagged(main, cmd::MainSearch, msgSearch, QStringLiteral("Search"), kPlain, true);
+    tagged(main, cmd::MainStatistics, msgStatistics, QStringLiteral("Stat"), kPlain);
+    CommandBarAction* report = tagged(main, cmd::MainReport, msgReport, QStringLiteral("Report"), kPlain);
+    QMenu* reports = cb.AddDropDown(main, report);
+    cb.AddButton(reports, kPlain, cmd::ReportOnList, msgReportBasedOnContactList);
+    cb.AddButton(reports, kPlain, cmd::ReportOnContact, msgReportBasedOnSelectedContact);
+    tagged(main, cmd::MainPreferences, msgPreferences, QStringLiteral("Options"), kPlain, true);
+    tagged(main, cmd::MainHelp, msgHelp, QStringLiteral("Help"), kPlain);
+    // Icons alone keep the bar narrow; the command used most also shows its caption.
+    main->setToolButtonStyle(Qt::ToolButtonIconOnly);
+    if (auto* button = qobject_cast<QToolButton*>(main->widgetForAction(cb.FindAction(cmd::MainAdd))))
+        button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+
+    // One row for the tree tabs and the main commands, the letters on a row of their own.
+    cb.DockRightOf(main, trees);
+    cb.DockOnNewRow(letters);
+}
+
+void Form1::buildListPopup() {
+    CommandBars& cb = *CommandBars1;
+    Popup = cb.AddContextMenu(QStringLiteral("Popup"));
+    cb.AddButton(Popup, kPlain, cmd::ListRefresh, msgRefresh);
+    QMenu* arrange = cb.AddPopup(Popup, msgArrangeItems);
+    const QString* sorts[] = {&msgByFullName,      &msgByTitle,   &msgByCompany, &msgByCategory,
+                              &msgByFavorites,     &msgByAddress, &msgByCity,    &msgByStateProv,
+                              &msgByZipPostalCode, &msgByComment, &msgByNumber,  &msgByAdded};
+    for (int i = 0; i < 12; ++i)
+        cb.AddButton(arrange, kRadio, cmd::ListSortFirst + i, *sorts[i]);
+    cb.AddButton(arrange, kRadio, cmd::ListSortByGroup, msgByGroup);
+    const QString* infos[] = {&msgByInfo1, &msgByInfo2,  &msgByInfo3,  &msgByInfo4,
+                              &msgByInfo5, &msgByInfo6,  &msgByInfo7,  &msgByInfo8,
+                              &msgByInfo9, &msgByInfo10, &msgByInfo11, &msgByInfo12};
+    for (int i = 0; i < 12; ++i)
+        cb.AddButton(arrange, kRadio, cmd::ListSortInfoFirst + i, *infos[i]);
+    cb.AddButton(Popup, kPlain, cmd::ListAdd, msgAddContact, true);
+    cb.AddButton(Popup, kPlain, cmd::ListCopy, msgCreateCopy);
+    cb.AddButton(Popup, kPlain, cmd::ListNoFavorite, msgRemoveFromFavorites, true);
+    cb.AddButton(Popup, kPlain, cmd::ListDelete, msgDelete, true);
+    cb.AddButton(Popup, kPlain, cmd::ListProperties, msgProperties);
+    connect(ListView2, &ListView::ContextMenu, this, &Form1::showListPopup);
+}
+
+void Form1::showListPopup(const QPoint& pos) {
+    Popup->popup(ListView2->viewport()->mapToGlobal(pos));
+}
+
+// The ticks of the view entries show the preferences.
+void Form1::tickViewEntries() {
+    const std::pair<int, bool> ticks[] = {
+        {cmd::ViewToolTips, ShowToolTip},          {cmd::ViewLargeIcons, ShowLargeIcons},
+        {cmd::ViewLockToolbars, LockToolbar},      {cmd::ViewStatusBar, ShowStatusbar},
+        {cmd::ViewPaneCategories, PaneCategories}, {cmd::ViewPaneContacts, PaneDisks},
+        {cmd::ViewPaneCard, PaneDiskContents},     {cmd::ViewPanePhoto, PaneDiskImage},
+    };
+    for (const auto& t : ticks)
+        CommandBars1->FindAction(t.first)->SetChecked(t.second);
+}

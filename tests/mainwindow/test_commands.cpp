@@ -1,0 +1,305 @@
+// The commands of the main window: what each routed id does, the two button groups, the
+// enabling rules without a phonebook and by the list's selection, and the icons.
+#include "formtest.h"
+
+#include "core/cfiledialog.h"
+#include "core/language.h"
+#include "core/mmain.h"
+#include "mainwindow/icons.h"
+#include "mainwindow/statusbar.h"
+#include "phonebook/createdb.h"
+#include "phonebook/login.h"
+#include "preferences/mru.h"
+#include "support/controls/imagelist.h"
+#include "support/controls/listview.h"
+#include "support/controls/treeview.h"
+
+#include <QContextMenuEvent>
+#include <QDate>
+#include <QFile>
+#include <QHelpEvent>
+#include <QMenu>
+#include <QSignalSpy>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolTip>
+
+namespace {
+
+class Commands : public FormTest {
+  protected:
+    void TearDown() override {
+        CFileDialog::SetHandler({});
+        FormTest::TearDown();
+        mMain::Closing();
+        mMru::ClearMRUList();
+        gDBPath.clear();
+        gNotConnected = true;
+    }
+    // The file chooser answers `chosen` and remembers what it was asked.
+    void chooseFile(const QString& chosen) {
+        CFileDialog::SetHandler([this, chosen](CFileDialog& dialog, bool saveMode) {
+            askedTitle = dialog.Title;
+            askedSave = saveMode;
+            dialog.FileName = chosen;
+            return true;
+        });
+    }
+    QString makePhonebook(const QString& name) {
+        const QString file = path(name);
+        EXPECT_EQ(mAccess::CreateDB(file, false), 1);
+        mMain::Closing();
+        return file;
+    }
+    QToolBar* toolbar(const QString& name) const { return form->findChild<QToolBar*>(name); }
+    QString askedTitle;
+    bool askedSave = false;
+};
+
+bool usableWithoutPhonebook(int id) {
+    const QList<int> ids = {100, 101, 105, 106,   117,   199,   299,   399,   412,  522,
+                            599, 603, 799, 10299, 10300, 10399, 10419, 10420, 59392};
+    return ids.contains(id) || (id >= 1 && id <= 10) || (id >= 512 && id <= 520) ||
+           (id >= 699 && id <= 701) || (id >= 703 && id <= 706) || (id >= 10101 && id <= 10105) ||
+           (id >= 10199 && id <= 10225) || (id >= 10304 && id <= 10307);
+}
+
+} // namespace
+
+TEST_F(Commands, NewOpenAndRecentEntriesOpenTheirPhonebooks) {
+    const QString second = makePhonebook(QStringLiteral("second.kvdb"));
+    open();
+    const QString first = path(QStringLiteral("first.kvdb"));
+    chooseFile(first + QStringLiteral(".kvdb")); // a doubled extension is mended
+    ASSERT_TRUE(form->CommandBars1->ExecuteId(100));
+    EXPECT_TRUE(askedSave);
+    EXPECT_EQ(askedTitle, mLanguageGobals::msgCreatePhonebook);
+    EXPECT_TRUE(QFile::exists(first));
+    EXPECT_EQ(gDBPath, first);
+    EXPECT_TRUE(gDBOpen);
+    EXPECT_FALSE(gNotConnected);
+    EXPECT_TRUE(form->windowTitle().contains(first));
+
+    chooseFile(second);
+    ASSERT_TRUE(form->CommandBars1->ExecuteId(101));
+    EXPECT_FALSE(askedSave);
+    EXPECT_EQ(askedTitle, mLanguageGobals::msgOpenPhonebook);
+    EXPECT_EQ(gDBPath, second);
+    EXPECT_TRUE(gDBOpen);
+    EXPECT_EQ(mMru::MRUFiles, QStringList({second, first}));
+
+    // The menu shows the list; its second entry opens the first phonebook and moves it up.
+    EXPECT_TRUE(action(1)->isVisible());
+    EXPECT_TRUE(action(2)->Caption().endsWith(first));
+    EXPECT_FALSE(action(3)->isVisible());
+    ASSERT_TRUE(form->CommandBars1->ExecuteId(2));
+    EXPECT_EQ(gDBPath, first);
+    EXPECT_TRUE(gDBOpen);
+    EXPECT_EQ(mMru::MRUFiles, QStringList({first, second}));
+
+    // Clear list keeps the phonebook that is open.
+    ASSERT_TRUE(form->CommandBars1->ExecuteId(117));
+    EXPECT_EQ(mMru::MRUFiles, QStringList({first}));
+    EXPECT_FALSE(action(2)->isVisible());
+}
+
+TEST_F(Commands, ExitUnloadsTheWindowAndClosesThePhonebook) {
+    gDBPath = makePhonebook(QStringLiteral("book.kvdb"));
+    ASSERT_TRUE(mLogin::LoginCnn(false));
+    open();
+    ASSERT_TRUE(form->CommandBars1->ExecuteId(106));
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_FALSE(gDBOpen);
+    EXPECT_FALSE(GetSetting(AppTitle(), "Layout", "MainWindowPanes").isEmpty());
+    EXPECT_FALSE(GetSetting(AppTitle(), "Layout", "MainWindowToolbar").isEmpty());
+}
+
+TEST_F(Commands, ViewSwitchesStoreTheirPreferenceAndChangeTheBars) {
+    open();
+    CommandBars& bars = *form->CommandBars1;
+    QToolBar* main = toolbar(QStringLiteral("Main"));
+    ASSERT_NE(main, nullptr);
+
+    bars.ExecuteId(513);
+    EXPECT_FALSE(form->StatusBar1->isVisible());
+    EXPECT_FALSE(checked(513));
+    EXPECT_EQ(pref("ShowStatusbar"), "0");
+    bars.ExecuteId(513);
+    EXPECT_TRUE(form->StatusBar1->isVisible());
+    EXPECT_EQ(pref("ShowStatusbar"), "1");
+
+    EXPECT_EQ(main->iconSize().width(), CommandBars::IconSize(true));
+    bars.ExecuteId(514);
+    EXPECT_EQ(main->iconSize().width(), CommandBars::IconSize(false));
+    EXPECT_EQ(pref("ShowLargeIcons"), "0");
+
+    bars.ExecuteId(515);
+    EXPECT_FALSE(main->isMovable());
+    EXPECT_TRUE(checked(515));
+    EXPECT_EQ(pref("LockToolbar"), "1");
+
+    // Tool tips: the toolbar buttons stop showing theirs.
+    auto tipOf = [&](int id) {
+        QWidget* button = main->widgetForAction(action(id));
+        QHelpEvent help(QEvent::ToolTip, QPoint(2, 2), button->mapToGlobal(QPoint(2, 2)));
+        QCoreApplication::sendEvent(button, &help);
+        return QToolTip::text();
+    };
+    using mLanguageGobals::msgSearch, mLanguageGobals::msgStatistics;
+    EXPECT_EQ(tipOf(10414), msgSearch);
+    bars.ExecuteId(512);
+    EXPECT_NE(tipOf(10415), msgStatistics);
+    EXPECT_EQ(pref("ShowToolTip"), "0");
+
+    // Restore defaults: the layout of the first start, tips and large icons on, unlocked.
+    toolbar(QStringLiteral("AlphabeticalIndex"))->toggleViewAction()->trigger();
+    form->addToolBar(Qt::BottomToolBarArea, main);
+    bars.ExecuteId(516);
+    EXPECT_TRUE(toolbar(QStringLiteral("AlphabeticalIndex"))->isVisible());
+    EXPECT_EQ(form->toolBarArea(main), Qt::TopToolBarArea);
+    EXPECT_TRUE(main->isMovable());
+    EXPECT_EQ(main->iconSize().width(), CommandBars::IconSize(true));
+    EXPECT_EQ(tipOf(10415), msgStatistics);
+    EXPECT_TRUE(checked(512) && checked(514) && !checked(515));
+    EXPECT_EQ(pref("ShowToolTip") + pref("ShowLargeIcons") + pref("LockToolbar"), "110");
+}
+
+TEST_F(Commands, TreeTabsAndLettersAreTwoIndependentRadioGroups) {
+    open();
+    CommandBars& bars = *form->CommandBars1;
+    const QList<int> tabs = {10499, 10453, 10401};
+    QList<int> letters = {10402};
+    for (int id = 10425; id <= 10452; ++id)
+        letters << id;
+    auto onlyChecked = [&](const QList<int>& group) {
+        QList<int> on;
+        for (int id : group)
+            if (checked(id)) on << id;
+        return on;
+    };
+    EXPECT_EQ(onlyChecked(tabs), QList<int>{10499});
+    EXPECT_EQ(onlyChecked(letters), QList<int>{10402});
+
+    bars.ExecuteId(10453);
+    EXPECT_EQ(onlyChecked(tabs), QList<int>{10453});
+    EXPECT_EQ(onlyChecked(letters), QList<int>{10402});
+    EXPECT_TRUE(checked(521)); // the View menu follows the tabs
+    EXPECT_FALSE(checked(500));
+
+    bars.ExecuteId(10430); // "F"
+    EXPECT_EQ(onlyChecked(letters), QList<int>{10430});
+    EXPECT_EQ(onlyChecked(tabs), QList<int>{10453});
+    bars.ExecuteId(10430); // a second click keeps the choice
+    EXPECT_EQ(onlyChecked(letters), QList<int>{10430});
+
+    bars.ExecuteId(501); // the View menu's Favorites picks the tab with the tag "Borrows"
+    EXPECT_EQ(onlyChecked(tabs), QList<int>{10401});
+    EXPECT_TRUE(checked(501));
+    EXPECT_EQ(onlyChecked(letters), QList<int>{10430});
+    EXPECT_EQ(action(10451)->Tag(), "NUM");
+    EXPECT_EQ(action(10452)->Tag(), "UNK");
+}
+
+TEST_F(Commands, FunctionKeysAndTheListPopUpReachTheirCommands) {
+    open();
+    form->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+    QSignalSpy executed(form->CommandBars1, &CommandBars::Execute);
+    form->ListView2->setFocus();
+    for (Qt::Key key : {Qt::Key_F5, Qt::Key_F1, Qt::Key_F3})
+        QTest::keyClick(form->ListView2, key);
+    QList<int> ids;
+    for (const auto& call : executed)
+        ids << call.at(0).value<CommandBarAction*>()->Id();
+    EXPECT_EQ(ids, QList<int>({511, 700, 600}));
+
+    QWidget* rows = form->ListView2->viewport();
+    QContextMenuEvent menu(QContextMenuEvent::Mouse, QPoint(5, 5), rows->mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(rows, &menu);
+    EXPECT_TRUE(form->Popup->isVisible());
+    EXPECT_TRUE(form->Popup->actions().contains(action(10020)));
+    form->Popup->hide();
+}
+
+TEST_F(Commands, WithoutAPhonebookOnlyTheListedCommandsStayEnabled) {
+    open();
+    mCommon::NotConnected(true);
+    form->CatTree->setFocus();
+    form->MenuUpdate(); // the toolbar's Delete does not come back through the tree's focus
+    int enabled = 0;
+    for (CommandBarAction* a : form->CommandBars1->Actions()) {
+        EXPECT_EQ(a->Enabled(), usableWithoutPhonebook(a->Id())) << a->Id();
+        enabled += a->Enabled();
+    }
+    EXPECT_GT(enabled, 30);
+    EXPECT_TRUE(gNotConnected);
+    // The toolbar list follows its command.
+    EXPECT_TRUE(form->findChild<QToolBar*>(QStringLiteral("Main"))->toggleViewAction()->isEnabled());
+
+    mCommon::NotConnected(false);
+    for (CommandBarAction* a : form->CommandBars1->Actions())
+        EXPECT_TRUE(a->Enabled()) << a->Id();
+}
+
+TEST_F(Commands, ListCommandsFollowTheSelectionAndTheTreeFocus) {
+    open();
+    gNotConnected = false;
+    ListView& list = *form->ListView2;
+    list.ColumnHeaders.Add(QStringLiteral("FullName"), QStringLiteral("Full Name"));
+    list.ListItems.Add(QStringLiteral("ID1"), QStringLiteral("Ann"));
+    list.ListItems.Add(QStringLiteral("ID2"), QStringLiteral("Bob"));
+    auto states = [&] {
+        QString s;
+        for (int id : {305, 303, 304, 10412, 10413})
+            s += action(id)->Enabled() ? QLatin1Char('1') : QLatin1Char('0');
+        return s;
+    };
+    form->ListView2->setFocus();
+    form->MenuUpdate();
+    EXPECT_EQ(states(), "00000");
+    form->CatTree->setFocus();
+    form->MenuUpdate();
+    EXPECT_EQ(states(), "00011"); // the toolbar's Delete and Properties work on the tree
+    list.SetSelectedItem(list.ListItems.Item(QStringLiteral("ID2")));
+    form->MenuUpdate();
+    EXPECT_EQ(states(), "11111");
+    list.ListItems.Clear();
+    form->ListView2->setFocus();
+    form->MenuUpdate();
+    EXPECT_EQ(states(), "00000");
+}
+
+TEST_F(Commands, StatusBarShowsTodayAndTheCaptionFollowsTheFile) {
+    gDBPath = makePhonebook(QStringLiteral("book.kvdb"));
+    ASSERT_TRUE(mLogin::LoginCnn(false));
+    gNotConnected = false;
+    open();
+    EXPECT_TRUE(form->StatusBar1->PanelText(1).startsWith(QStringLiteral("Today: ")));
+    EXPECT_EQ(form->Timer1->interval(), 1000);
+    BDSizeOnTitle = true;
+    form->Timer1_Timer();
+    BDSizeOnTitle = false;
+    EXPECT_TRUE(form->windowTitle().startsWith(AppTitle() + QStringLiteral(" - ") + gDBPath));
+    EXPECT_TRUE(form->windowTitle().contains(mLanguageGobals::msgDatabaseSize));
+}
+
+TEST_F(Commands, EveryCommandAndEveryTreeAndRowKindHasAnIcon) {
+    open();
+    for (CommandBarAction* a : form->CommandBars1->Actions()) {
+        const int id = a->Id();
+        const bool captionOnly = (id >= 1 && id <= 10) || id == 59392 || id == 10402 ||
+                                 (id >= 10425 && id <= 10452) || (id >= 10002 && id <= 10013) ||
+                                 id == 10024 || (id >= 10026 && id <= 10037);
+        EXPECT_EQ(a->icon().isNull(), captionOnly) << id;
+    }
+    for (const char* key : {"CAT", "CATS", "CATSEL", "CATSSEL", "BOX", "BOXS", "BOXSEL", "BOXSSEL", "STAR",
+                            "STARS", "BOR", "Tray16", "Tray256"}) {
+        ASSERT_TRUE(ImageList::Shared().Exists(QLatin1String(key))) << key;
+        const QImage img = ImageList::Shared().Icon(QLatin1String(key)).pixmap(32, 32).toImage();
+        int painted = 0;
+        for (int y = 0; y < img.height(); ++y)
+            for (int x = 0; x < img.width(); ++x)
+                painted += qAlpha(img.pixel(x, y)) > 0;
+        EXPECT_GT(painted, 100) << key;
+    }
+}
