@@ -572,6 +572,11 @@ QString msgReallyDeleteSelectedCategory;
 QString msgCategoryDeleteWarning;
 QString msgReallyDeleteSelectedGroup;
 QString msgGroupDeleteWarning;
+QString msgTodayColon;
+QString msgToolbarList;
+QString msgLetterAll;
+QString msgLetterDigits;
+QString msgLetterUnknown;
 
 QList<const QString*> AllTexts() {
     return {&msgFileFolder,
@@ -1091,7 +1096,12 @@ QList<const QString*> AllTexts() {
             &msgReallyDeleteSelectedCategory,
             &msgCategoryDeleteWarning,
             &msgReallyDeleteSelectedGroup,
-            &msgGroupDeleteWarning};
+            &msgGroupDeleteWarning,
+            &msgTodayColon,
+            &msgToolbarList,
+            &msgLetterAll,
+            &msgLetterDigits,
+            &msgLetterUnknown};
 }
 
 } // namespace mLanguageGobals
@@ -1737,6 +1747,13 @@ void lngEng() {
     msgCategoryDeleteWarning = QStringLiteral("All contacts in this category and its subcategories will be also deleted.");
     msgReallyDeleteSelectedGroup = QStringLiteral("Do you really want to delete the selected group?");
     msgGroupDeleteWarning = QStringLiteral("All disks in this group will be also deleted.");
+
+    // Status bar, toolbar list and letter tabs
+    msgTodayColon = QStringLiteral("Today: ");
+    msgToolbarList = QStringLiteral("&Toolbar List");
+    msgLetterAll = QStringLiteral("ALL");
+    msgLetterDigits = QStringLiteral("0-9");
+    msgLetterUnknown = QStringLiteral("?");
 
     // The size helpers write their units in the language of the catalogue.
     mCommon::SetSizeUnitTexts(msgBytes, msgKB, msgMB, msgGB);

@@ -630,6 +630,13 @@ extern QString msgCategoryDeleteWarning;
 extern QString msgReallyDeleteSelectedGroup;
 extern QString msgGroupDeleteWarning;
 
+// Status bar, toolbar list and letter tabs
+extern QString msgTodayColon;
+extern QString msgToolbarList;
+extern QString msgLetterAll;
+extern QString msgLetterDigits;
+extern QString msgLetterUnknown;
+
 // Every variable above, in the order a language procedure assigns them.
 QList<const QString*> AllTexts();
 

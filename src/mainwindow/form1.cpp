@@ -174,7 +174,7 @@ bool Form1::eventFilter(QObject* watched, QEvent* event) {
 
 void Form1::Timer1_Timer() {
     HUNT_PLACE("Form1.Timer1_Timer");
-    StatusBar1->SetPanelText(1, QStringLiteral("Today: ") + mDateTime::FormatDate(QDate::currentDate()));
+    StatusBar1->SetPanelText(1, msgTodayColon + mDateTime::FormatDate(QDate::currentDate()));
     EditCaption();
 }
 

@@ -71,7 +71,7 @@ void Form1::LoadMenuToolbar() {
 
     QMenu* view = cb.AddPopup(bar, msgView);
     QMenu* toolbars = cb.AddPopup(view, msgToolbars);
-    cb.AddToolbarList(toolbars, cmd::ToolbarList, QStringLiteral("&Toolbar List"));
+    cb.AddToolbarList(toolbars, cmd::ToolbarList, msgToolbarList);
     cb.AddButton(toolbars, kRadio, cmd::ViewToolTips, msgToolTips, true);
     cb.AddButton(toolbars, kRadio, cmd::ViewLargeIcons, msgLargeIcons);
     cb.AddButton(toolbars, kRadio, cmd::ViewLockToolbars, msgLockTheToolbars);
@@ -157,13 +157,13 @@ void Form1::buildToolbars() {
     tagged(trees, cmd::TabFavorites, msgFavoritesTree, QStringLiteral("Borrows"), kRadio);
 
     QToolBar* letters = cb.AddToolBar(msgAlphabeticalIndex, QStringLiteral("AlphabeticalIndex"));
-    tagged(letters, cmd::LetterAll, QStringLiteral("ALL"), QStringLiteral("ALL"), kRadio)->SetChecked(true);
+    tagged(letters, cmd::LetterAll, msgLetterAll, QStringLiteral("ALL"), kRadio)->SetChecked(true);
     for (int id = cmd::LetterA; id <= cmd::LetterZ; ++id) {
         const QString letter(QChar(u'A' + (id - cmd::LetterA)));
         tagged(letters, id, letter, letter, kRadio);
     }
-    tagged(letters, cmd::LetterDigits, QStringLiteral("0-9"), QStringLiteral("NUM"), kRadio);
-    tagged(letters, cmd::LetterUnknown, QStringLiteral("?"), QStringLiteral("UNK"), kRadio);
+    tagged(letters, cmd::LetterDigits, msgLetterDigits, QStringLiteral("NUM"), kRadio);
+    tagged(letters, cmd::LetterUnknown, msgLetterUnknown, QStringLiteral("UNK"), kRadio);
     // Letters of one width, narrow enough for the whole index to fit the smallest window.
     const int letterWidth = letters->fontMetrics().horizontalAdvance(QLatin1Char('W')) + 10;
     for (QAction* a : letters->actions())
