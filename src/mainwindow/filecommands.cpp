@@ -3,10 +3,12 @@
 #include "core/error.h"
 #include "core/globals.h"
 #include "core/language.h"
+#include "core/seams.h"
 #include "mainwindow/form1.h"
 #include "phonebook/login.h"
 #include "preferences/mru.h"
 #include "preferences/settings.h"
+#include "support/helpers/drives.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -30,6 +32,28 @@ QString recentFolder() {
 
 void Form1::mnuFileNew_Click() {
     HUNT_PLACE("Form1.mnuFileNew_Click");
+    try {
+        fileNew();
+    } catch (const HuntERR::Error& e) {
+        switch (e.Number()) {
+        case 3343: MsgBox(msgNotADatabaseFileOrCorrupted, vb::vbOKOnly, vb::vbCritical); break;
+        case 75:
+        case 70:
+        case 3051:
+        case 3356: MsgBox(msgAccessDenied, vb::vbOKOnly, vb::vbCritical); break;
+        case 61:
+        case 3799:
+        case 3026:
+            MsgBox(msgNotEnoughFreeSpace + QLatin1Char('\n') + msgFreeSpace + mDrive::GetFreeSpace(gDBPath, true), vb::vbOKOnly,
+                   vb::vbCritical);
+            break;
+        default: throw;
+        }
+        HuntERR::ClearPendingStack();
+    }
+}
+
+void Form1::fileNew() {
     CFileDialog dlg;
     dlg.Owner = this;
     dlg.Extension = QStringLiteral("kvdb");
@@ -44,7 +68,9 @@ void Form1::mnuFileNew_Click() {
     mCommon::Disconnect();
     mCommon::NotConnected(true);
     mCommon::EditCaption();
-    if (QFile::exists(path)) QFile::remove(path); // the save dialog has already asked
+    // The save dialog has already asked before the file is replaced.
+    if (QFile::exists(path) && !QFile::remove(path))
+        throw dao::DbError(dao::errPathFile, QStringLiteral("Path/File access error: ") + path, QStringLiteral("Kelvarin"));
     if (mLogin::LoginCnn(false)) {
         mCommon::EditCaption();
         ROSwitch();

@@ -109,6 +109,7 @@ class Form1 : public QMainWindow {
     void buildListPopup();
     void showRecentList(const QStringList& captions);
     void openChosen(const QString& path);
+    void fileNew();
     void applyPaneVisibility();
     void loadPaneLayout(const QString& key);
     void showListPopup(const QPoint& pos);

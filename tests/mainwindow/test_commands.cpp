@@ -103,6 +103,55 @@ TEST_F(Commands, NewOpenAndRecentEntriesOpenTheirPhonebooks) {
     EXPECT_FALSE(action(2)->isVisible());
 }
 
+TEST_F(Commands, FileCommandsThatCannotOpenLeaveNothingOpenAndKeepTheEntry) {
+    open();
+    // A file that is not a phonebook: the message, not connected, and still in the list.
+    const QString letter = path(QStringLiteral("letter.kvdb"));
+    QFile f(letter);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write("Dear Ann,\n");
+    f.close();
+    chooseFile(letter);
+    {
+        fixture::MsgBoxRecorder boxes;
+        ASSERT_TRUE(form->CommandBars1->ExecuteId(101));
+        EXPECT_EQ(boxes.texts(), QStringList{mLanguageGobals::msgNotADatabaseFileOrCorrupted});
+    }
+    EXPECT_TRUE(gNotConnected);
+    EXPECT_FALSE(gDBOpen);
+    EXPECT_EQ(mMru::MRUFiles.value(0), letter);
+    EXPECT_EQ(form->windowTitle(), AppTitle());
+    EXPECT_FALSE(action(300)->Enabled());
+
+    // New on a full disk: the store's message, and no file left behind.
+    const QString full = path(QStringLiteral("full.kvdb"));
+    chooseFile(full);
+    dao::Hooks().growthPages = 3;
+    {
+        fixture::MsgBoxRecorder boxes;
+        ASSERT_TRUE(form->CommandBars1->ExecuteId(100));
+        ASSERT_EQ(boxes.boxes.size(), 1);
+        EXPECT_TRUE(boxes.boxes[0].text.startsWith(mLanguageGobals::msgCannotCreatePhonebookNoSpace));
+    }
+    dao::Hooks().growthPages = 0;
+    EXPECT_FALSE(QFile::exists(full));
+    EXPECT_TRUE(gNotConnected);
+
+    // New over the open phonebook starts it afresh; choosing the open file in Open does nothing.
+    const QString book = path(QStringLiteral("book.kvdb"));
+    chooseFile(book);
+    ASSERT_TRUE(form->CommandBars1->ExecuteId(100));
+    gDB.Execute(QStringLiteral("INSERT INTO CDs (IDCD, FullName, IDC, IDX) VALUES (1, 'Ann', 1, 1)"));
+    ASSERT_TRUE(form->CommandBars1->ExecuteId(101));
+    EXPECT_TRUE(gDBOpen);
+    EXPECT_FALSE(gNotConnected);
+    ASSERT_TRUE(form->CommandBars1->ExecuteId(100));
+    dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT Count(*) FROM CDs"), dao::dbOpenSnapshot);
+    EXPECT_EQ(rs.Value(0).toInt(), 0);
+    rs.Close();
+    EXPECT_FALSE(gNotConnected);
+}
+
 TEST_F(Commands, ExitUnloadsTheWindowAndClosesThePhonebook) {
     gDBPath = makePhonebook(QStringLiteral("book.kvdb"));
     ASSERT_TRUE(mLogin::LoginCnn(false));
