@@ -5,6 +5,10 @@
 #include "core/language.h"
 #include "core/previnstance.h"
 #include "core/seams.h"
+#include "contactlist/columns.h"
+#include "preferences/settingdefaults.h"
+#include "preferences/settingvalue.h"
+#include "support/controls/listview.h"
 #include "mainwindow/form1.h"
 #include "phonebook/login.h"
 #include "preferences/mru.h"
@@ -109,6 +113,12 @@ void Main() {
         }
         // 13.
         form->MenuUpdate();
+        // 14. The list columns, and the sort the list had when it was last closed.
+        mLV::IniList(*form->ListView1, mLV::lcDetails);
+        mLV::IniList(*form->ListView2, mLV::lcContacts);
+        form->ListView2->SetSortKey(int(mRegSettings::SettingNumber(mRegSettings::ReadSetting(QStringLiteral("ColumnHeaders12\\Other"), QStringLiteral("SortKey")))));
+        // A stored true gives order 0 and a stored false order 1, as the list stores it.
+        form->ListView2->SetSortOrder(mRegSettings::SettingBool(mRegSettings::ReadSetting(QStringLiteral("ColumnHeaders12\\Other"), QStringLiteral("SortOrder"))) ? 0 : 1);
         // 17.
         gMainFormShown = true;
     });

@@ -1,5 +1,7 @@
 #include "mainwindow/form1.h"
 
+#include "contactlist/columns.h"
+
 #include "core/errorreport.h"
 #include "core/globals.h"
 #include "core/language.h"
@@ -133,6 +135,8 @@ void Form1::Form_Unload() {
     if (m_unloaded) return;
     m_unloaded = true;
     Timer1->stop();
+    mLV::SaveColumnSize(*ListView2, mLV::lcContacts);
+    mLV::SaveColumnSize(*ListView1, mLV::lcDetails);
     SaveSetting(AppTitle(), kMain, QStringLiteral("SXpc2"), double(SXpc2));
     SaveSetting(AppTitle(), kMain, QStringLiteral("SXpc1"), double(SXpc1));
     SaveSetting(AppTitle(), kMain, QStringLiteral("SYpc"), double(SYpc));
