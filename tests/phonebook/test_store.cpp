@@ -1,5 +1,6 @@
 // The store under the phonebook: recordsets, writes, checks, transactions and who may open a file.
 #include "core/globals.h"
+#include "phonebook/lookups.h"
 #include "support/fixture.h"
 
 #include <QDateTime>
@@ -187,4 +188,18 @@ TEST_F(Store, OnlyPhonebooksOpen) {
     }
     EXPECT_EQ(QFile(path(QStringLiteral("empty.kvdb"))).size(), 0); // nothing was written into it
     EXPECT_EQ(errorOf([&] { ws.OpenDatabase(path(QStringLiteral("missing.kvdb")), false, false); }), 3024);
+}
+
+TEST_F(Store, LookupsOfOneValue) {
+    const int id = addContact(QStringLiteral("Ann"));
+    gDB.Execute(QStringLiteral("UPDATE CDs SET Drive_Folder = '/media/cd' WHERE IDCD = %1").arg(id));
+    EXPECT_EQ(mCommon::GetDiskPath(QStringLiteral("ID%1").arg(id)), QStringLiteral("/media/cd"));
+    EXPECT_EQ(mCommon::GetDiskPath(QStringLiteral("ID99")), QString());
+    gDB.Execute(QStringLiteral("INSERT INTO Paths (IDPATH, IDCD, Path, IsArchive) VALUES (4, 1, '/media/cd/docs', True)"));
+    gDB.Execute(QStringLiteral("INSERT INTO Elements (ID, IDPATH, ElementName, IDPATHSELF) VALUES (7, 4, 'a.txt', 70)"));
+    bool inside = false;
+    EXPECT_EQ(mCommon::GetElementPath(QStringLiteral("ID7"), inside), QStringLiteral("/media/cd/docs/a.txt"));
+    EXPECT_TRUE(inside);
+    EXPECT_EQ(mCommon::GetElementPath(QStringLiteral("ID8"), inside), QString());
+    EXPECT_FALSE(inside);
 }
