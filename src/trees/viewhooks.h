@@ -7,6 +7,10 @@
 #include <QString>
 #include <functional>
 
+namespace dao {
+class Recordset;
+}
+
 namespace mTV {
 
 struct ViewHooks {
@@ -26,6 +30,12 @@ struct ViewHooks {
     std::function<void()> UpdateCounters;
     // While the node properties dialog is open: true, with the text of its comment box.
     std::function<bool(QString& comment)> NodeDialogComment;
+    // Shows the no-photo picture in the photo pane.
+    std::function<void()> SetNoImage;
+    // Shows the photo of the contact the recordset stands on (a row of CDs with its photo fields).
+    std::function<void(const dao::Recordset& rstWork)> LoadPhotoFromDB;
+    // Puts the name of the tree of `mode` on the caption of the tree pane and on its toolbar entry.
+    std::function<void(qint16 mode)> CategoryCaption;
 };
 
 // The one set of hooks of the process.
