@@ -577,6 +577,11 @@ QString msgToolbarList;
 QString msgLetterAll;
 QString msgLetterDigits;
 QString msgLetterUnknown;
+QString msgIndexColon;
+QString msgWordWrap;
+QString msgIncrease;
+QString msgDecrease;
+QString msgClearFavorites;
 
 QList<const QString*> AllTexts() {
     return {&msgFileFolder,
@@ -1101,7 +1106,12 @@ QList<const QString*> AllTexts() {
             &msgToolbarList,
             &msgLetterAll,
             &msgLetterDigits,
-            &msgLetterUnknown};
+            &msgLetterUnknown,
+            &msgIndexColon,
+            &msgWordWrap,
+            &msgIncrease,
+            &msgDecrease,
+            &msgClearFavorites};
 }
 
 } // namespace mLanguageGobals
@@ -1754,6 +1764,13 @@ void lngEng() {
     msgLetterAll = QStringLiteral("ALL");
     msgLetterDigits = QStringLiteral("0-9");
     msgLetterUnknown = QStringLiteral("?");
+
+    // Contact card labels and buttons
+    msgIndexColon = QStringLiteral("Index:");
+    msgWordWrap = QStringLiteral("Word Wrap");
+    msgIncrease = QStringLiteral("Increase");
+    msgDecrease = QStringLiteral("Decrease");
+    msgClearFavorites = QStringLiteral("Clear Favorites");
 
     // The size helpers write their units in the language of the catalogue.
     mCommon::SetSizeUnitTexts(msgBytes, msgKB, msgMB, msgGB);

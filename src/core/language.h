@@ -637,6 +637,13 @@ extern QString msgLetterAll;
 extern QString msgLetterDigits;
 extern QString msgLetterUnknown;
 
+// Contact card labels and buttons
+extern QString msgIndexColon;
+extern QString msgWordWrap;
+extern QString msgIncrease;
+extern QString msgDecrease;
+extern QString msgClearFavorites;
+
 // Every variable above, in the order a language procedure assigns them.
 QList<const QString*> AllTexts();
 

@@ -1,0 +1,10 @@
+#include "card/cardhooks.h"
+
+namespace mCard {
+
+CardHooks& Hooks() {
+    static CardHooks hooks;
+    return hooks;
+}
+
+} // namespace mCard
