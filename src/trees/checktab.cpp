@@ -59,11 +59,12 @@ bool ContactStays(qint32 IDCD, const QString& Key, const QString& CKey) {
         const QString table = mTV::TreeTable(mode), field = mTV::TreeField(mode);
         const qint32 node = mCommon::GetID1(CKey);
         if (AdvancedCategoryMode)
-            return HasRow(QStringLiteral("SELECT CDs.IDCD, %1.Pedigree FROM CDs INNER JOIN %1 ON CDs.%2 = %1.ID "
-                                         "WHERE CDs.IDCD = %3 AND %1.Pedigree Like '*ID%4E*'")
-                              .arg(table, field)
-                              .arg(IDCD)
-                              .arg(node));
+            return HasRow(
+                QStringLiteral("SELECT CDs.IDCD, %1.Pedigree FROM CDs INNER JOIN %1 ON CDs.%2 = %1.ID "
+                               "WHERE CDs.IDCD = %3 AND %1.Pedigree Like '*ID%4E*'")
+                    .arg(table, field)
+                    .arg(IDCD)
+                    .arg(node));
         return HasRow(QStringLiteral("SELECT CDs.IDCD, CDs.%1 From CDs WHERE CDs.%1 = %2 AND CDs.IDCD = %3")
                           .arg(field)
                           .arg(node)
@@ -115,19 +116,13 @@ void CheckTab(const mTV::MainView& view, const QString& Key, const QString& CKey
     mLV::FillDriveList(list, CurrentLetter, CurrentNodeKey);
     Resort(list);
 
-    if (IsSelected && Reselect(list, staying)) {
-        Call(mTV::Hooks().MenuNoBorrow);
-        mTV::UpdateCounters(tree);
-        return;
-    }
-    mTV::ClearDetailPane(view);
+    if (!IsSelected || !Reselect(list, staying)) mTV::ClearDetailPane(view);
     Call(mTV::Hooks().MenuNoBorrow);
     mTV::UpdateCounters(tree);
 }
 
 void CheckCBTab(const mTV::MainView& view, const QString& Key) {
     HUNT_PLACE("mToolBar.CheckCBTab(Key)", Key);
-    if (Key == CurrentTreeTab) return;
     const qint16 mode = ModeOfTab(Key);
     Call(mTV::Hooks().CategoryCaption, mode);
     ListView& list = view.ListView2;
@@ -158,7 +153,8 @@ void SwitchCategoryMode(const mTV::MainView& view, bool NormalMode) {
     Call(Hooks().SetCommandChecked, int(cmd::CategoryModeNormal), NormalMode);
     Call(Hooks().SetCommandChecked, int(cmd::CategoryModeAdvanced), !NormalMode);
     CategoryNormalMode = NormalMode;
-    SaveSetting(AppTitle(), QStringLiteral("PreferencesNew"), QStringLiteral("CategoryNormalMode"), NormalMode);
+    SaveSetting(AppTitle(), QStringLiteral("PreferencesNew"), QStringLiteral("CategoryNormalMode"),
+                NormalMode);
     AdvancedCategoryMode = !NormalMode;
     // At the root both modes list the same contacts.
     TreeNode* selected = view.CatTree.SelectedItem();

@@ -17,9 +17,8 @@ void CheckTab(const mTV::MainView& view, const QString& Key, const QString& CKey
               bool IsSelected = true);
 
 // Switches to tree tab Key ("Categories", "Boxes" or "Borrows") after the tree has been filled
-// for it: the root becomes the node in force and the list is refilled. A selected contact stays
-// selected, in favorites only when it is a favorite. Nothing happens when Key is the tab in
-// force, so CurrentTreeTab must still name the old tab when this runs.
+// for it: the root, which the fill selected, becomes the node in force and the list is refilled.
+// A selected contact stays selected, in favorites only when it is a favorite.
 void CheckCBTab(const mTV::MainView& view, const QString& Key);
 
 } // namespace mToolBar

@@ -14,7 +14,8 @@ namespace mTV {
 QString CountQuery(qint16 mode) {
     // Grouping the contacts by their node needs one pass over CDs; a join from the tree table
     // would have the store build an index on CDs for every refresh.
-    return QStringLiteral("SELECT CDs.%1 AS ID, Sum(IIf(Label Like '%2',1,0)) AS cnt FROM CDs GROUP BY CDs.%1")
+    return QStringLiteral(
+               "SELECT CDs.%1 AS ID, Sum(IIf(Label Like '%2',1,0)) AS cnt FROM CDs GROUP BY CDs.%1")
         .arg(TreeField(mode), LetterPattern(CurrentLetter));
 }
 

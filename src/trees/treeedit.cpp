@@ -103,7 +103,8 @@ void CatTreeRename(const TreeForm& frm) {
 void AfterNoLabelEdit(TreeView& CatTree) {
     HUNT_PLACE("mTV.AfterNoLabelEdit");
     if (CatTree.Tag().isEmpty()) return;
-    if (TreeNode* node = CatTree.Nodes(CatTree.Tag())) node->SetText(NodeLabel(node->Text(), TagCount(node->Tag())));
+    if (TreeNode* node = CatTree.Nodes(CatTree.Tag()))
+        node->SetText(NodeLabel(node->Text(), TagCount(node->Tag())));
     CatTree.SetTag(QString());
 }
 

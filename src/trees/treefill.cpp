@@ -10,7 +10,6 @@
 #include "trees/treesort.h"
 #include "trees/viewstate.h"
 
-
 namespace mTV {
 
 namespace {
@@ -59,7 +58,8 @@ void CategoryFill(const TreeForm& frm, qint16 mode, qint64 m_hwndTV) {
     tree.SetTag(QString());
 
     dao::Recordset rs = gDB.OpenRecordset(
-        QStringLiteral("SELECT %1.ID, %1.Name, %1.IDPARENT, %1.Pedigree FROM %1 ORDER BY %1.Pedigree").arg(TreeTable(mode)),
+        QStringLiteral("SELECT %1.ID, %1.Name, %1.IDPARENT, %1.Pedigree FROM %1 ORDER BY %1.Pedigree")
+            .arg(TreeTable(mode)),
         dao::dbOpenSnapshot);
     TreeNode* root = nullptr;
     const QVariant empty = QVariant(QString());

@@ -33,7 +33,9 @@ QString NodeImage(qint16 mode) {
 }
 
 QString NodeSelectedImage(qint16 mode) {
-    return mode == 0 ? QStringLiteral("CATSEL") : mode == 1 ? QStringLiteral("BOXSEL") : QStringLiteral("STAR");
+    return mode == 0   ? QStringLiteral("CATSEL")
+           : mode == 1 ? QStringLiteral("BOXSEL")
+                       : QStringLiteral("STAR");
 }
 
 QString RootImage(qint16 mode) {
@@ -41,7 +43,9 @@ QString RootImage(qint16 mode) {
 }
 
 QString RootSelectedImage(qint16 mode) {
-    return mode == 0 ? QStringLiteral("CATSSEL") : mode == 1 ? QStringLiteral("BOXSSEL") : QStringLiteral("STARS");
+    return mode == 0   ? QStringLiteral("CATSSEL")
+           : mode == 1 ? QStringLiteral("BOXSSEL")
+                       : QStringLiteral("STARS");
 }
 
 } // namespace mTV

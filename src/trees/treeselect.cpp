@@ -25,12 +25,14 @@ template <class F, class... A> void Call(const F& hook, A&&... args) {
 // The contact with its twelve number types as T1 to T12 and the paths of its three nodes.
 QString DetailQuery(qint32 IDCD) {
     QString select = QStringLiteral("SELECT Types.Type AS T1");
-    for (int k = 1; k < 12; ++k) select += QStringLiteral(", Types_%1.Type AS T%2").arg(k).arg(k + 1);
+    for (int k = 1; k < 12; ++k)
+        select += QStringLiteral(", Types_%1.Type AS T%2").arg(k).arg(k + 1);
     select += QStringLiteral(", CDs.*, Categories.Catpath AS Category, Borrows.Catpath AS Favorite, "
                              "Boxes.Catpath AS Box ");
     // The joins are those of the contact list.
     const QString list = mLV::ListQuery();
-    return select + list.mid(list.indexOf(QLatin1String("FROM ("))) + QStringLiteral("WHERE CDs.IDCD=%1").arg(IDCD);
+    return select + list.mid(list.indexOf(QLatin1String("FROM ("))) +
+           QStringLiteral("WHERE CDs.IDCD=%1").arg(IDCD);
 }
 
 // Adds the lines of the detail pane: the label in bold, the value beside it.
@@ -90,7 +92,8 @@ void SelectNode(ListView& ListView1, const QString& Key) {
         const QVariant number = rs[QStringLiteral("Number%1").arg(k)];
         if (number.isNull()) continue;
         const QString value = mCommon::Nz(number, empty).toString();
-        lines.Add(mCommon::NzColon(rs[QStringLiteral("T%1").arg(k)], empty).toString(), value, IsLinkValue(value));
+        lines.Add(mCommon::NzColon(rs[QStringLiteral("T%1").arg(k)], empty).toString(), value,
+                  IsLinkValue(value));
     }
     if (const QVariant v = rs[QStringLiteral("Address")]; !v.isNull())
         lines.Add(msgAddressColon, mCommon::NzMultiline2(v, empty).toString());

@@ -26,7 +26,9 @@ void SortTreeByName(TreeView& CatTree) {
 
 void SortTreeDesc(TreeView& CatTree) {
     HUNT_PLACE("mTV.SortTreeDesc");
-    const auto descending = [](const TreeNode* a, const TreeNode* b) { return -a->Text().compare(b->Text()); };
+    const auto descending = [](const TreeNode* a, const TreeNode* b) {
+        return -a->Text().compare(b->Text());
+    };
     for (TreeNode* node : CatTree.Nodes.All())
         if (node->Children() > 0) node->SortChildren(descending);
 }

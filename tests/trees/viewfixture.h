@@ -1,7 +1,6 @@
 #pragma once
-// A phonebook with the main window's three controls (tree, contact list, detail pane) made
-// without the window, and the hooks the window would fill, wired to the real procedures or to
-// recorders.
+// A phonebook with the main window's tree, contact list and detail pane made without the window,
+// and the hooks the window fills wired to the real procedures or to recorders.
 #include "support/fixture.h"
 
 #include "contactlist/columns.h"
@@ -15,8 +14,6 @@
 #include "trees/viewhooks.h"
 #include "trees/viewstate.h"
 
-#include <QStringList>
-
 using namespace Qt::StringLiterals;
 
 class TreeViewTest : public fixture::PhonebookTest {
@@ -29,11 +26,14 @@ class TreeViewTest : public fixture::PhonebookTest {
         CurrentNodeKey = u"ID0"_s;
         mLV::IniList(list2, mLV::lcContacts);
         mLV::IniList(list1, mLV::lcDetails);
-        mTV::Hooks().CheckTab = [this](const QString& k, const QString& ck, bool f) { mToolBar::CheckTab(view, k, ck, f); };
-        mTV::Hooks().UpdateCounters = [this] { mTV::UpdateCounters(tree); };
-        mTV::Hooks().SetNoImage = [this] { ++noImage; };
-        mTV::Hooks().LoadPhotoFromDB = [this](const dao::Recordset& rs) { photos << rs[u"IDCD"_s].toInt(); };
-        mTV::Hooks().CategoryCaption = [this](qint16 mode) { captions << mode; };
+        auto& hooks = mTV::Hooks();
+        hooks.CheckTab = [this](const QString& k, const QString& ck, bool f) {
+            mToolBar::CheckTab(view, k, ck, f);
+        };
+        hooks.UpdateCounters = [this] { mTV::UpdateCounters(tree); };
+        hooks.SetNoImage = [this] { ++noImage; };
+        hooks.LoadPhotoFromDB = [this](const dao::Recordset& rs) { photos << rs[u"IDCD"_s].toInt(); };
+        hooks.CategoryCaption = [this](qint16 mode) { captions << mode; };
         mLV::Hooks().SetCommandChecked = [this](int id, bool on) { checked[id] = on; };
     }
     void TearDown() override {
@@ -47,22 +47,23 @@ class TreeViewTest : public fixture::PhonebookTest {
         CurrentTreeTab = tab;
         mTV::CategoryFill({tree, true}, mToolBar::WhatCATIsChecked());
     }
+    void click(const QString& key) {
+        tree.SetSelectedItem(tree.Nodes(key));
+        mToolBar::CheckTab(view, CurrentLetter, key);
+    }
     QString label(const QString& key) const { return tree.Nodes(key)->Text(); }
     QString tag(const QString& key) const { return tree.Nodes(key)->Tag(); }
-    // The keys of the children of `key`, in the tree's order.
     QStringList children(const QString& key) const {
         QStringList k;
-        for (const TreeNode* c = tree.Nodes(key)->Child(); c; c = c->Next()) k << c->Key();
+        for (const TreeNode* c = tree.Nodes(key)->Child(); c; c = c->Next())
+            k << c->Key();
         return k;
     }
     QStringList rows() const {
         QStringList k;
-        for (const ListItem* item : list2.ListItems) k << item->Key();
+        for (const ListItem* item : list2.ListItems)
+            k << item->Key();
         return k;
-    }
-    void click(const QString& key) {
-        tree.SetSelectedItem(tree.Nodes(key));
-        mToolBar::CheckTab(view, CurrentLetter, key);
     }
 
     TreeView tree;

@@ -1,0 +1,10 @@
+#include "contactlist/listhooks.h"
+
+namespace mLV {
+
+ListHooks& Hooks() {
+    static ListHooks hooks;
+    return hooks;
+}
+
+} // namespace mLV

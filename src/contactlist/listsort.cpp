@@ -1,0 +1,251 @@
+#include "contactlist/listsort.h"
+
+#include "contactlist/listhooks.h"
+#include "contactlist/listsortkeys.h"
+#include "core/error.h"
+#include "support/controls/listview.h"
+
+#include <QColor>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace mLV {
+
+namespace {
+
+// How a column's cells are rewritten for a sort.
+enum class Rule {
+    Name,   // the kind letter before the text; the first column
+    Date,   // the kind letter, the date as yyyyMMddHHmmss, the row's text
+    Number, // the kind letter, the number with 30 + 30 digits, the row's text
+    Text,   // the kind letter, the text padded with blanks to the longest, the row's text
+};
+
+// The column keys (upper case) that choose the date, number and name rules of a list.
+struct RuleWords {
+    QLatin1String date;
+    QLatin1String number;
+    QLatin1String name;
+};
+
+const RuleWords kContactWords{QLatin1String("ADDED"), QLatin1String("ID"), QLatin1String("FULLNAME")};
+const RuleWords kDetailWords{QLatin1String("DATE"), QLatin1String("SIZE"), QLatin1String("NAME")};
+
+// The arrange entries of the contact list's pop-up, by column.
+constexpr int kArrangeFirst = 10002;    // columns 0 to 11
+constexpr int kArrangeGroup = 10024;    // column 12
+constexpr int kArrangeInfoFirst = 10026; // columns 13 to 24
+constexpr int kColumns = 25;
+
+Rule ruleOf(const ColumnHeader* column, int cell, const RuleWords& words) {
+    // The first column holds the row's own text, which every other rule appends.
+    if (cell == 0) return Rule::Name;
+    QString word = column ? column->Key() : QString();
+    if (word.isEmpty() && column) word = column->Tag();
+    word = word.toUpper();
+    if (word == words.name) return Rule::Name;
+    if (word == words.date) return Rule::Date;
+    if (word == words.number) return Rule::Number;
+    return Rule::Text;
+}
+
+bool isBlank(QStringView s) {
+    for (QChar c : s)
+        if (c != QLatin1Char(' ')) return false;
+    return true;
+}
+
+// The list takes its changes in one go: the view hears of them once, at the end.
+class UpdateBlock {
+  public:
+    explicit UpdateBlock(ListView& list) : m_list(list) { m_list.BeginUpdate(); }
+    ~UpdateBlock() { m_list.EndUpdate(); }
+    UpdateBlock(const UpdateBlock&) = delete;
+    UpdateBlock& operator=(const UpdateBlock&) = delete;
+
+  private:
+    ListView& m_list;
+};
+
+class PointerBlock {
+  public:
+    explicit PointerBlock(ListView& list) : m_list(list), m_saved(list.MousePointer()) {
+        m_list.SetMousePointer(ccHourglass);
+    }
+    ~PointerBlock() { m_list.SetMousePointer(m_saved); }
+    PointerBlock(const PointerBlock&) = delete;
+    PointerBlock& operator=(const PointerBlock&) = delete;
+
+  private:
+    ListView& m_list;
+    int m_saved;
+};
+
+// What a sort lends out and gives back: cell Tags that were set before it (the links of the
+// search list), and the rows that had no cell in the column (a node row has no number cells),
+// with their number of cells.
+struct Loans {
+    std::vector<std::pair<ListItem*, QString>> tags;
+    std::vector<std::pair<ListItem*, int>> shortRows;
+};
+
+// Cuts a row back to `count` cells, keeping everything of the cells that stay.
+void dropCellsFrom(ListItem* item, int count) {
+    struct Cell {
+        QString text, tag;
+        QColor color;
+        bool bold;
+    };
+    std::vector<Cell> keep;
+    for (int c = 1; c < count; ++c)
+        keep.push_back({item->CellText(c), item->CellTag(c), item->CellForeColor(c), item->CellBold(c)});
+    item->ListSubItems.Clear();
+    for (const Cell& c : keep) {
+        ListSubItem cell = item->ListSubItems.Add(c.text);
+        if (!c.tag.isEmpty()) cell.SetTag(c.tag);
+        if (c.color.isValid()) cell.SetForeColor(c.color);
+        if (c.bold) cell.SetBold(true);
+    }
+}
+
+void rewrite(ListView& list, int cell, Rule rule, Loans& loans) {
+    QString sortText;
+    sortText.reserve(256);
+    if (rule == Rule::Name) {
+        for (ListItem* item : list.ListItems) {
+            sortText.truncate(0);
+            sortText += item->Tag();
+            sortText += item->CellView(0);
+            item->SetCellText(0, sortText);
+        }
+        return;
+    }
+
+    qsizetype longest = 0;
+    if (rule == Rule::Text) {
+        for (const ListItem* item : list.ListItems)
+            longest = std::max(longest, item->CellView(cell).size());
+    }
+    DateSortText dates;
+    for (ListItem* item : list.ListItems) {
+        // A row without this cell sorts as a blank one, by its kind and its text.
+        if (cell >= item->CellCount()) loans.shortRows.emplace_back(item, item->CellCount());
+        const QString text = item->CellText(cell);
+        QString tag = item->CellTag(cell);
+        if (!tag.isEmpty()) loans.tags.emplace_back(item, std::move(tag));
+        item->SetCellTag(cell, text);
+
+        sortText.truncate(0);
+        sortText += item->Tag();
+        switch (rule) {
+        case Rule::Date:
+        case Rule::Number:
+            // A blank stays a blank, which sorts before every date and number.
+            if (isBlank(text)) sortText += QLatin1Char(' ');
+            else if (!(rule == Rule::Date ? dates.Append(text, sortText) : AppendNumberSortText(text, sortText)))
+                continue; // a text that is no date or number is left as it stands
+            break;
+        default:
+            sortText += text;
+            sortText.resize(sortText.size() + (longest - text.size()), QLatin1Char(' '));
+            break;
+        }
+        sortText += item->CellView(0);
+        item->SetCellText(cell, sortText);
+    }
+}
+
+void restore(ListView& list, int cell, Rule rule, const Loans& loans) {
+    if (rule == Rule::Name) {
+        QString text;
+        for (ListItem* item : list.ListItems) {
+            const QStringView sorted = item->CellView(0);
+            text.truncate(0);
+            text += sorted.startsWith(item->Tag()) ? sorted.mid(item->Tag().size()) : sorted;
+            item->SetCellText(0, text);
+        }
+        return;
+    }
+    for (ListItem* item : list.ListItems) {
+        if (cell >= item->CellCount()) continue;
+        item->SetCellText(cell, item->CellTag(cell));
+        item->SetCellTag(cell, QString());
+    }
+    for (const auto& [item, tag] : loans.tags)
+        item->SetCellTag(cell, tag);
+    for (const auto& [item, count] : loans.shortRows)
+        dropCellsFrom(item, count);
+}
+
+// Sorts `list` by column Sort: the same column again reverses the order, another column starts
+// ascending. The rows are put in order by their rewritten texts, which are then put back.
+void SortRekey(ListView& list, int Sort, const RuleWords& words, bool EnsVis) {
+    list.SetSorted(false);
+    if (Sort == list.SortKey())
+        list.SetSortOrder(list.SortOrder() == lvwAscending ? lvwDescending : lvwAscending);
+    else {
+        list.SetSortKey(Sort);
+        list.SetSortOrder(lvwAscending);
+    }
+    const int cell = list.SortKey();
+    const bool descending = list.SortOrder() == lvwDescending;
+    for (ColumnHeader* column : list.ColumnHeaders)
+        column->SetIcon(column->SubItemIndex() == cell ? (descending ? 1 : 2) : 0);
+
+    PointerBlock hourglass(list);
+    const Rule rule = ruleOf(list.ColumnHeaders.Item(cell + 1), cell, words);
+    Loans loans;
+    {
+        UpdateBlock block(list);
+        rewrite(list, cell, rule, loans);
+        list.SetSorted(true); // the rows are sorted as the block ends
+    }
+    list.SetSorted(false);
+    {
+        UpdateBlock block(list);
+        restore(list, cell, rule, loans);
+    }
+    if (EnsVis) {
+        if (ListItem* selected = list.SelectedItem()) selected->EnsureVisible();
+    }
+}
+
+} // namespace
+
+int ArrangeCommandId(int Sort) {
+    if (Sort >= 0 && Sort <= 11) return kArrangeFirst + Sort;
+    if (Sort == 12) return kArrangeGroup;
+    if (Sort >= 13 && Sort < kColumns) return kArrangeInfoFirst + Sort - 13;
+    return 0;
+}
+
+void SwitchSortDisk(ListView& ListView2, int Sort, bool EnsVis) {
+    HUNT_PLACE("mLV.SwitchSortDisk(Sort,EnsVis)", Sort, EnsVis);
+    SortRekey(ListView2, Sort, kContactWords, EnsVis);
+    if (const auto& check = Hooks().SetCommandChecked) {
+        const int checked = ArrangeCommandId(ListView2.SortKey());
+        for (int column = 0; column < kColumns; ++column) {
+            const int id = ArrangeCommandId(column);
+            check(id, id == checked);
+        }
+    }
+}
+
+void SwitchSort(ListView& ListView1, int Sort) {
+    HUNT_PLACE("mLV.SwitchSort(Sort)", Sort);
+    SortRekey(ListView1, Sort, kDetailWords, false);
+}
+
+void SwitchSortSearch(ListView& ListView1, int Sort) {
+    HUNT_PLACE("mLV.SwitchSortSearch(Sort)", Sort);
+    SortRekey(ListView1, Sort, kContactWords, false);
+}
+
+void SwitchSortReport(ListView& lvReport, int Sort) {
+    HUNT_PLACE("mLV.SwitchSortReport(Sort)", Sort);
+    SortRekey(lvReport, Sort, kContactWords, false);
+}
+
+} // namespace mLV
