@@ -12,6 +12,7 @@
 #include <sqlite3.h>
 
 #include <cstdio>
+#include <vector>
 
 namespace {
 
@@ -40,19 +41,33 @@ void run(const bench::Context& ctx) {
         std::fprintf(stderr, "the list holds %d rows of %d\n", list.ListItems.Count(), ctx.contacts);
     bench::Report(QStringLiteral("list fill ALL at the root"), ctx.contacts, fill, bare);
 
-    // The list control's own share: the same rows, texts ready, added to a fresh list.
+    // The list control's own share of a refill: rows of the same size, their texts ready (those
+    // of the first thousand rows, over and over), put into the list that held them before.
+    std::vector<QString> keys;
+    std::vector<QStringList> texts;
+    keys.reserve(size_t(list.ListItems.Count()));
+    for (const ListItem* row : list.ListItems) {
+        keys.push_back(row->Key());
+        if (texts.size() >= 1000) continue;
+        QStringList cells;
+        for (int c = 0; c < row->CellCount(); ++c)
+            cells << row->CellText(c);
+        texts.push_back(cells);
+    }
+    const QString tag = QStringLiteral("b"), icon = QStringLiteral("BOR");
     const double control = bench::MedianMs(3, [&] {
-        ListView copy;
-        mLV::IniList(copy, mLV::lcContacts);
-        copy.BeginUpdate();
-        for (const ListItem* row : list.ListItems) {
-            ListItem* item = copy.ListItems.Add(row->Key(), row->Text(), QString(), row->SmallIcon());
-            for (int c = 1; c < row->CellCount(); ++c) item->ListSubItems.Add(row->CellText(c));
-            item->SetTag(row->Tag());
+        list.BeginUpdate();
+        list.ListItems.Clear();
+        for (size_t i = 0; i < keys.size(); ++i) {
+            const QStringList& cells = texts[i % texts.size()];
+            ListItem* item = list.ListItems.Add(keys[i], cells[0], QString(), icon);
+            for (qsizetype c = 1; c < cells.size(); ++c)
+                item->ListSubItems.Add(cells[c]);
+            item->SetTag(tag);
         }
-        copy.EndUpdate();
+        list.EndUpdate();
     });
-    bench::Report(QStringLiteral("  of which the list control could not do faster"), ctx.contacts, control);
+    bench::Report(QStringLiteral("  of which the list control's own work"), ctx.contacts, control);
 
     // Each call reverses the order of the column in force, which costs the same as a first sort.
     const auto sortBy = [&](int column) {
@@ -63,7 +78,8 @@ void run(const bench::Context& ctx) {
     bench::Report(QStringLiteral("list sort by name"), ctx.contacts, byName);
     bench::Report(QStringLiteral("list sort by a text column (City)"), ctx.contacts, sortBy(mLV::cellCity));
     bench::Report(QStringLiteral("list sort by a number column (#)"), ctx.contacts, sortBy(mLV::cellID));
-    bench::Report(QStringLiteral("list sort by the date column (Added)"), ctx.contacts, sortBy(mLV::cellAdded));
+    bench::Report(QStringLiteral("list sort by the date column (Added)"), ctx.contacts,
+                  sortBy(mLV::cellAdded));
 
     // What the user waits for on opening the view: the fill and the sort in force.
     const double both = bench::MedianMs(3, [&] {

@@ -70,17 +70,30 @@ bool ShownDate::learn() {
         Field f;
         switch (runs[i].value) {
         case kYear:
-        case kYear % 100: f = Year; break;
-        case kMonth: f = Month; break;
-        case kDay: f = Day; break;
-        case kHour: f = Hour; break;
+        case kYear % 100:
+            f = Year;
+            break;
+        case kMonth:
+            f = Month;
+            break;
+        case kDay:
+            f = Day;
+            break;
+        case kHour:
+            f = Hour;
+            break;
         case kHour - 12:
             f = Hour;
             m_twelveHour = true;
             break;
-        case kMinute: f = Minute; break;
-        case kSecond: f = Second; break;
-        default: return false;
+        case kMinute:
+            f = Minute;
+            break;
+        case kSecond:
+            f = Second;
+            break;
+        default:
+            return false;
         }
         if (seen[f]) return false;
         seen[f] = true;
@@ -99,8 +112,8 @@ bool ShownDate::learn() {
     // The text around the numbers, for every month (when named) and both halves of the day.
     for (int month = 1; month <= (m_namedMonth ? 12 : 1); ++month) {
         for (const bool afternoon : {false, true}) {
-            const QString text = shown(m_namedMonth ? month : kMonth, kDay, afternoon ? kHour : kHour - 12,
-                                       kMinute, kSecond);
+            const QString text =
+                shown(m_namedMonth ? month : kMonth, kDay, afternoon ? kHour : kHour - 12, kMinute, kSecond);
             const std::vector<Run> r = digitRuns(text);
             if (int(r.size()) != count) return false;
             Frame f{{}, m_namedMonth ? month : 0, afternoon};
@@ -125,14 +138,15 @@ bool ShownDate::learn() {
     // The shape must give back what TimeCorrectView shows, at the corners of the clock and the
     // calendar too.
     const QDateTime samples[] = {
-        QDateTime(QDate(2024, 1, 1), QTime(0, 0, 0)),     QDateTime(QDate(2024, 2, 29), QTime(12, 0, 1)),
+        QDateTime(QDate(2024, 1, 1), QTime(0, 0, 0)),      QDateTime(QDate(2024, 2, 29), QTime(12, 0, 1)),
         QDateTime(QDate(2009, 12, 31), QTime(23, 59, 59)), QDateTime(QDate(1999, 10, 9), QTime(11, 5, 0)),
         QDateTime(QDate(2030, 6, 15), QTime(9, 30, 30)),   QDateTime(QDate(2001, 7, 4), QTime(17, 45, 8)),
     };
     for (const QDateTime& s : samples)
         if (!reproduces(s)) return false;
     for (int month = 1; month <= 12; ++month)
-        if (!reproduces(QDateTime(QDate(2020, month, 10 + month), QTime(month + 5, month * 4, month * 3)))) return false;
+        if (!reproduces(QDateTime(QDate(2020, month, 10 + month), QTime(month + 5, month * 4, month * 3))))
+            return false;
     return true;
 }
 
@@ -150,7 +164,8 @@ bool ShownDate::reproduces(const QDateTime& sample) const {
 }
 
 bool ShownDate::Append(QDate date, QTime time, QString& out) const {
-    if (m_fields == 0 || !date.isValid() || !time.isValid() || date.year() < 1 || date.year() > 9999) return false;
+    if (m_fields == 0 || !date.isValid() || !time.isValid() || date.year() < 1 || date.year() > 9999)
+        return false;
     const int hour = time.hour();
     const Frame& f = frame(date.month(), hour >= 12);
     int value[6];

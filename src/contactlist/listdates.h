@@ -46,8 +46,8 @@ class ShownDate {
     int m_fields = 0;    // 0: unusable
     bool m_twelveHour = false;
     bool m_namedMonth = false;
-    std::vector<Frame> m_frames;   // by month (when named) and half of the day
-    mutable int m_lastFrame = 0;  // the frame of the last text read
+    std::vector<Frame> m_frames; // by month (when named) and half of the day
+    mutable int m_lastFrame = 0; // the frame of the last text read
 };
 
 } // namespace mLV

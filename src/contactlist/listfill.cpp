@@ -1,6 +1,7 @@
 #include "contactlist/listfill.h"
 
 #include "contactlist/listhooks.h"
+#include "contactlist/listupdate.h"
 #include "core/error.h"
 #include "core/globals.h"
 #include "support/controls/listview.h"
@@ -31,23 +32,6 @@ template <class F, class... A> void Call(const F& hook, A&&... args) {
     if (hook) hook(std::forward<A>(args)...);
 }
 
-// The list takes its rows in one go: the view hears of them once, at the end.
-class UpdateBlock {
-  public:
-    explicit UpdateBlock(ListView& list) : m_list(list) { m_list.BeginUpdate(); }
-    ~UpdateBlock() { end(); }
-    void end() {
-        if (m_open) m_list.EndUpdate();
-        m_open = false;
-    }
-    UpdateBlock(const UpdateBlock&) = delete;
-    UpdateBlock& operator=(const UpdateBlock&) = delete;
-
-  private:
-    ListView& m_list;
-    bool m_open = true;
-};
-
 // The hourglass of the main window for the length of a block.
 class Hourglass {
   public:
@@ -76,27 +60,35 @@ void trimBlanks(QString& s) {
 int fieldIndex(const dao::Recordset& rs, const QString& name) {
     const int i = rs.FieldIndex(name);
     if (i < 0)
-        throw dao::DbError(dao::errItemNotFound, QStringLiteral("Item '%1' not found in this collection.").arg(name));
+        throw dao::DbError(dao::errItemNotFound,
+                           QStringLiteral("Item '%1' not found in this collection.").arg(name));
     return i;
 }
 
 QString nodeIcon(qint16 mode) {
     switch (mode) {
-    case 0: return QStringLiteral("CAT");
-    case 1: return QStringLiteral("BOX");
-    default: return QStringLiteral("BOR");
+    case 0:
+        return QStringLiteral("CAT");
+    case 1:
+        return QStringLiteral("BOX");
+    default:
+        return QStringLiteral("BOR");
     }
 }
 
 // A row for a child node: its name, and empty cells up to the group's but for the comment and the
 // contact number, a blank that compares like a contact without a number.
-void addNodeRow(ListView& list, const QString& key, const QString& name, qint16 mode, const QVariant& comment) {
+void addNodeRow(ListView& list, const QString& key, const QString& name, qint16 mode,
+                const QVariant& comment) {
     ListItem* item = list.ListItems.Add(key, name, QString(), nodeIcon(mode));
     ListSubItemCollection& cells = item->ListSubItems;
     for (int cell = cellTitle; cell <= cellBox; ++cell) {
-        if (cell == cellComment) cells.Add(mCommon::NzMultiline(comment, kEmpty).toString());
-        else if (cell == cellID) cells.Add(kBlank);
-        else cells.Add(QString());
+        if (cell == cellComment)
+            cells.Add(mCommon::NzMultiline(comment, kEmpty).toString());
+        else if (cell == cellID)
+            cells.Add(kBlank);
+        else
+            cells.Add(QString());
     }
     item->SetTag(kNodeTag);
 }
@@ -112,14 +104,18 @@ void clearSelection(ListView& list) {
 QString ListQuery() {
     static const QString query = [] {
         QString select = QStringLiteral("SELECT Types.Type AS T1");
-        for (int k = 1; k < 12; ++k) select += QStringLiteral(", Types_%1.Type AS T%2").arg(k).arg(k + 1);
+        for (int k = 1; k < 12; ++k)
+            select += QStringLiteral(", Types_%1.Type AS T%2").arg(k).arg(k + 1);
         select += QStringLiteral(
             ", CDs.*, Categories.Catpath AS Cat, Borrows.Catpath AS Bor, Boxes.Catpath AS Box ");
         QString from = QStringLiteral("FROM ((((((((((((((CDs LEFT JOIN Types ON CDs.Type1 = Types.IDTYPE)");
         for (int k = 1; k < 12; ++k)
-            from += QStringLiteral(" LEFT JOIN Types AS Types_%1 ON CDs.Type%2 = Types_%1.IDTYPE)").arg(k).arg(k + 1);
-        from += QStringLiteral(" INNER JOIN Categories ON CDs.IDC = Categories.ID) LEFT JOIN Borrows ON CDs.IDB = "
-                               "Borrows.ID) INNER JOIN Boxes ON CDs.IDX = Boxes.ID ");
+            from += QStringLiteral(" LEFT JOIN Types AS Types_%1 ON CDs.Type%2 = Types_%1.IDTYPE)")
+                        .arg(k)
+                        .arg(k + 1);
+        from += QStringLiteral(
+            " INNER JOIN Categories ON CDs.IDC = Categories.ID) LEFT JOIN Borrows ON CDs.IDB = "
+            "Borrows.ID) INNER JOIN Boxes ON CDs.IDX = Boxes.ID ");
         return select + from;
     }();
     return query;
@@ -144,7 +140,8 @@ void AddDriveRecord(ListView& ListView2, const dao::Recordset& rstWork, const Li
     HUNT_PLACE("mLV.AddDriveRecord(rstWork)");
     QString& scratch = f.Scratch;
     char keyText[24];
-    const int keyLength = std::snprintf(keyText, sizeof keyText, "ID%lld", rstWork.Value(f.IDCD).toLongLong());
+    const int keyLength =
+        std::snprintf(keyText, sizeof keyText, "ID%lld", rstWork.Value(f.IDCD).toLongLong());
     const QString key = QString::fromLatin1(keyText, keyLength);
     ListItem* item = ListView2.ListItems.Add(key, text(rstWork.Value(f.FullName)), QString(), kContactIcon);
     ListSubItemCollection& cells = item->ListSubItems;
@@ -198,17 +195,17 @@ void FillDriveListCat(ListView& ListView2, const QString& NodeKey) {
     if (AdvancedCategoryMode || NodeKey == kRoot) return;
     const qint16 mode = mToolBar::WhatCATIsChecked();
     const QString table = mTV::TreeTable(mode);
-    dao::Recordset rs =
-        gDB.OpenRecordset(QStringLiteral("SELECT * From %1 Where %1.IDPARENT = %2").arg(table).arg(mCommon::GetID1(NodeKey)),
-                          dao::dbOpenSnapshot);
+    dao::Recordset rs = gDB.OpenRecordset(
+        QStringLiteral("SELECT * From %1 Where %1.IDPARENT = %2").arg(table).arg(mCommon::GetID1(NodeKey)),
+        dao::dbOpenSnapshot);
     const int id = fieldIndex(rs, QStringLiteral("ID"));
     const int name = fieldIndex(rs, QStringLiteral("Name"));
     const int comment = fieldIndex(rs, QStringLiteral("Comment"));
-    UpdateBlock block(ListView2);
+    ListUpdate block(ListView2);
     ListView2.ListItems.Clear();
     for (; !rs.AtEOF(); rs.MoveNext())
-        addNodeRow(ListView2, QLatin1String("ID") + rs.Text(id) + QLatin1Char('E'), text(rs.Value(name)), mode,
-                   rs.Value(comment));
+        addNodeRow(ListView2, QLatin1String("ID") + rs.Text(id) + QLatin1Char('E'), text(rs.Value(name)),
+                   mode, rs.Value(comment));
     rs.Close();
 }
 
@@ -216,7 +213,7 @@ void FillDriveList(ListView& ListView2, const QString& DType, const QString& CTy
     HUNT_PLACE("mLV.FillDriveList(DType,CType)", DType, CType);
     const qint16 mode = mToolBar::WhatCATIsChecked();
     const bool favorites = mode == 2;
-    UpdateBlock block(ListView2);
+    ListUpdate block(ListView2);
     ListView2.ListItems.Clear();
     FillDriveListCat(ListView2, CType);
 
@@ -234,7 +231,9 @@ void FillDriveList(ListView& ListView2, const QString& DType, const QString& CTy
             else
                 sql += QStringLiteral(" %1.ID = %2").arg(table).arg(number);
         }
-        if (DType != kAll) sql += (byNode ? QLatin1String(" AND Label= '") : QLatin1String(" Label= '")) + DType + QLatin1Char('\'');
+        if (DType != kAll)
+            sql += (byNode ? QLatin1String(" AND Label= '") : QLatin1String(" Label= '")) + DType +
+                   QLatin1Char('\'');
     }
 
     {
@@ -262,9 +261,10 @@ void AddCatRecord(ListView& ListView2, const QString& pKey, const QString& pName
     const QString rowKey = pKey + QLatin1Char('E');
     if (ListView2.ListItems.Exists(rowKey)) return;
     const qint16 mode = mToolBar::WhatCATIsChecked();
-    dao::Recordset rs = gDB.OpenRecordset(
-        QStringLiteral("SELECT Comment FROM %1 WHERE ID = %2").arg(mTV::TreeTable(mode)).arg(mCommon::GetID1(pKey)),
-        dao::dbOpenSnapshot);
+    dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT Comment FROM %1 WHERE ID = %2")
+                                              .arg(mTV::TreeTable(mode))
+                                              .arg(mCommon::GetID1(pKey)),
+                                          dao::dbOpenSnapshot);
     const QVariant comment = rs.AtEOF() ? QVariant() : rs.Value(0);
     rs.Close();
     addNodeRow(ListView2, rowKey, NameOfLabel(pName), mode, comment);
@@ -291,8 +291,8 @@ void AddDriveListPassive(ListView& ListView2, qint32 IDCD) {
     Call(mTV::Hooks().MenuNoBorrow);
 }
 
-void AddDriveList(ListView& ListView2, TreeView& CatTree, const QString& NewDiskCat, const QString& NewDiskBor,
-                  const QString& NewDiskBox, bool SelectDisk, qint32 pIDCD) {
+void AddDriveList(ListView& ListView2, TreeView& CatTree, const QString& NewDiskCat,
+                  const QString& NewDiskBor, const QString& NewDiskBox, bool SelectDisk, qint32 pIDCD) {
     HUNT_PLACE("mLV.AddDriveList(NewDiskCat,NewDiskBor,NewDiskBox,SelectDisk,pIDCD)", NewDiskCat, NewDiskBor,
                NewDiskBox, SelectDisk, pIDCD);
     {
@@ -313,8 +313,8 @@ void AddDriveList(ListView& ListView2, TreeView& CatTree, const QString& NewDisk
     bool inView = false;
     {
         Hourglass busy;
-        dao::Recordset rs =
-            gDB.OpenRecordset(ListQuery() + QStringLiteral("WHERE CDs.IDCD = %1").arg(pIDCD), dao::dbOpenSnapshot);
+        dao::Recordset rs = gDB.OpenRecordset(ListQuery() + QStringLiteral("WHERE CDs.IDCD = %1").arg(pIDCD),
+                                              dao::dbOpenSnapshot);
         if (rs.AtEOF()) return;
         label = text(rs[QStringLiteral("Label")]);
         const bool letterFits = CurrentLetter == kAll || label == CurrentLetter;
@@ -340,7 +340,8 @@ void AddDriveList(ListView& ListView2, TreeView& CatTree, const QString& NewDisk
         }
         QString letter = CurrentLetter;
         if (letter != kAll && letter != label) letter = label.isEmpty() ? kAll : label;
-        if (TreeNode* node = CatTree.Nodes(NewDiskCat); node && !node->Selected()) CatTree.SetSelectedItem(node);
+        if (TreeNode* node = CatTree.Nodes(NewDiskCat); node && !node->Selected())
+            CatTree.SetSelectedItem(node);
         Call(mTV::Hooks().CheckTab, letter, NewDiskCat, true);
     }
 
@@ -358,8 +359,9 @@ void UpdateCatInList(ListView& ListView2, const QString& pKey, const QString& pC
     HUNT_PLACE("mLV.UpdateCatInList(pKey,pCatName)", pKey, pCatName);
     const qint16 mode = mToolBar::WhatCATIsChecked();
     const QString table = mTV::TreeTable(mode);
-    QString sql = QStringLiteral("SELECT CDs.IDCD, %1.Catpath FROM CDs INNER JOIN %1 ON CDs.%2 = %1.ID WHERE ")
-                      .arg(table, mTV::TreeField(mode));
+    QString sql =
+        QStringLiteral("SELECT CDs.IDCD, %1.Catpath FROM CDs INNER JOIN %1 ON CDs.%2 = %1.ID WHERE ")
+            .arg(table, mTV::TreeField(mode));
     if (AdvancedCategoryMode)
         sql += QStringLiteral("%1.Pedigree Like '*%2E*'").arg(table, pKey);
     else

@@ -56,7 +56,8 @@ void FillDriveList(ListView& ListView2, const QString& DType, const QString& CTy
 // Clears the list and adds a row for each child of node NodeKey, in the normal category mode and
 // below the root only.
 void FillDriveListCat(ListView& ListView2, const QString& NodeKey);
-// Adds the row of the contact the recordset stands on (a recordset of the list query).
+// Adds the row of the contact the recordset stands on (a recordset of the list query). A loop over
+// many records makes one ListFields for them; the second form makes its own, for a single record.
 void AddDriveRecord(ListView& ListView2, const dao::Recordset& rstWork, const ListFields& fields);
 void AddDriveRecord(ListView& ListView2, const dao::Recordset& rstWork);
 // Adds a row for node pKey, which has just become a child of the node in force; pName is its label
@@ -69,8 +70,8 @@ void AddDriveListPassive(ListView& ListView2, qint32 IDCD);
 // After a new contact pIDCD: stores its category and, when given, its favorite and group; adds
 // its row when the view in force shows it, and otherwise switches the view to it. SelectDisk
 // selects the row and shows the contact in the detail pane.
-void AddDriveList(ListView& ListView2, TreeView& CatTree, const QString& NewDiskCat, const QString& NewDiskBor,
-                  const QString& NewDiskBox, bool SelectDisk, qint32 pIDCD);
+void AddDriveList(ListView& ListView2, TreeView& CatTree, const QString& NewDiskCat,
+                  const QString& NewDiskBor, const QString& NewDiskBox, bool SelectDisk, qint32 pIDCD);
 // After node pKey was renamed or moved: rewrites the path cell of every contact row that shows it.
 void UpdateCatInList(ListView& ListView2, const QString& pKey, const QString& pCatName);
 

@@ -2,6 +2,7 @@
 
 #include "contactlist/listhooks.h"
 #include "contactlist/listsortkeys.h"
+#include "contactlist/listupdate.h"
 #include "core/error.h"
 #include "support/controls/listview.h"
 
@@ -17,25 +18,26 @@ namespace {
 
 // How a column's cells are rewritten for a sort.
 enum class Rule {
-    Name,   // the kind letter before the text; the first column
+    Name,   // the kind letter before the text: the first column, the name
     Date,   // the kind letter, the date as yyyyMMddHHmmss, the row's text
     Number, // the kind letter, the number with 30 + 30 digits, the row's text
     Text,   // the kind letter, the text padded with blanks to the longest, the row's text
 };
 
-// The column keys (upper case) that choose the date, number and name rules of a list.
+// The column keys (upper case) that choose the date and number rules of a list. The name rule
+// belongs to the first column, which is "FullName" in the contact lists and "Name" in the
+// detail pane.
 struct RuleWords {
     QLatin1String date;
     QLatin1String number;
-    QLatin1String name;
 };
 
-const RuleWords kContactWords{QLatin1String("ADDED"), QLatin1String("ID"), QLatin1String("FULLNAME")};
-const RuleWords kDetailWords{QLatin1String("DATE"), QLatin1String("SIZE"), QLatin1String("NAME")};
+const RuleWords kContactWords{QLatin1String("ADDED"), QLatin1String("ID")};
+const RuleWords kDetailWords{QLatin1String("DATE"), QLatin1String("SIZE")};
 
 // The arrange entries of the contact list's pop-up, by column.
-constexpr int kArrangeFirst = 10002;    // columns 0 to 11
-constexpr int kArrangeGroup = 10024;    // column 12
+constexpr int kArrangeFirst = 10002;     // columns 0 to 11
+constexpr int kArrangeGroup = 10024;     // column 12
 constexpr int kArrangeInfoFirst = 10026; // columns 13 to 24
 constexpr int kColumns = 25;
 
@@ -43,9 +45,8 @@ Rule ruleOf(const ColumnHeader* column, int cell, const RuleWords& words) {
     // The first column holds the row's own text, which every other rule appends.
     if (cell == 0) return Rule::Name;
     QString word = column ? column->Key() : QString();
-    if (word.isEmpty() && column) word = column->Tag();
+    if (word.isEmpty() && column) word = column->Tag(); // the report preview keys its columns by Tag
     word = word.toUpper();
-    if (word == words.name) return Rule::Name;
     if (word == words.date) return Rule::Date;
     if (word == words.number) return Rule::Number;
     return Rule::Text;
@@ -56,18 +57,6 @@ bool isBlank(QStringView s) {
         if (c != QLatin1Char(' ')) return false;
     return true;
 }
-
-// The list takes its changes in one go: the view hears of them once, at the end.
-class UpdateBlock {
-  public:
-    explicit UpdateBlock(ListView& list) : m_list(list) { m_list.BeginUpdate(); }
-    ~UpdateBlock() { m_list.EndUpdate(); }
-    UpdateBlock(const UpdateBlock&) = delete;
-    UpdateBlock& operator=(const UpdateBlock&) = delete;
-
-  private:
-    ListView& m_list;
-};
 
 class PointerBlock {
   public:
@@ -143,8 +132,10 @@ void rewrite(ListView& list, int cell, Rule rule, Loans& loans) {
         case Rule::Date:
         case Rule::Number:
             // A blank stays a blank, which sorts before every date and number.
-            if (isBlank(text)) sortText += QLatin1Char(' ');
-            else if (!(rule == Rule::Date ? dates.Append(text, sortText) : AppendNumberSortText(text, sortText)))
+            if (isBlank(text))
+                sortText += QLatin1Char(' ');
+            else if (!(rule == Rule::Date ? dates.Append(text, sortText)
+                                          : AppendNumberSortText(text, sortText)))
                 continue; // a text that is no date or number is left as it stands
             break;
         default:
@@ -198,13 +189,13 @@ void SortRekey(ListView& list, int Sort, const RuleWords& words, bool EnsVis) {
     const Rule rule = ruleOf(list.ColumnHeaders.Item(cell + 1), cell, words);
     Loans loans;
     {
-        UpdateBlock block(list);
+        ListUpdate block(list);
         rewrite(list, cell, rule, loans);
         list.SetSorted(true); // the rows are sorted as the block ends
     }
     list.SetSorted(false);
     {
-        UpdateBlock block(list);
+        ListUpdate block(list);
         restore(list, cell, rule, loans);
     }
     if (EnsVis) {

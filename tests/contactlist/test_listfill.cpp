@@ -17,7 +17,9 @@
 
 using namespace Qt::StringLiterals;
 
-static void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+static void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
@@ -65,7 +67,8 @@ class ListFillTest : public fixture::PhonebookTest {
     }
     QString rows() const {
         QStringList texts;
-        for (const ListItem* item : list->ListItems) texts << item->Text();
+        for (const ListItem* item : list->ListItems)
+            texts << item->Text();
         texts.sort();
         return texts.join(' ');
     }
@@ -74,17 +77,19 @@ class ListFillTest : public fixture::PhonebookTest {
     void set(int contact, std::initializer_list<std::pair<const char*, QVariant>> fields) {
         dao::Recordset rs = gDB.OpenRecordset(u"SELECT * FROM CDs WHERE IDCD = %1"_s.arg(contact));
         rs.Edit();
-        for (const auto& [name, value] : fields) rs.SetValue(QString::fromLatin1(name), value);
+        for (const auto& [name, value] : fields)
+            rs.SetValue(QString::fromLatin1(name), value);
         rs.Update();
     }
 
     // The category tree of the main window, labels with counts, `selected` selected.
     void makeTree(const QString& selected) {
         tree = std::make_unique<TreeView>();
-        dao::Recordset rs = gDB.OpenRecordset(u"SELECT ID, IDPARENT, Name FROM Categories ORDER BY Pedigree"_s);
+        dao::Recordset rs =
+            gDB.OpenRecordset(u"SELECT ID, IDPARENT, Name FROM Categories ORDER BY Pedigree"_s);
         for (; !rs.AtEOF(); rs.MoveNext())
-            tree->Nodes.Add(rs.Value(1).toInt() < 0 ? QString() : "ID" + rs.Text(1), tvwChild, "ID" + rs.Text(0),
-                            rs.Text(2) + u" (0)"_s);
+            tree->Nodes.Add(rs.Value(1).toInt() < 0 ? QString() : "ID" + rs.Text(1), tvwChild,
+                            "ID" + rs.Text(0), rs.Text(2) + u" (0)"_s);
         tree->SetSelectedItem(tree->Nodes(selected));
     }
 
@@ -129,19 +134,51 @@ TEST_F(ListFillTest, LetterAndNodeNarrowTheListInBothModes) {
 
 TEST_F(ListFillTest, RowsShowTheirFieldsInCatalogueOrder) {
     const QDateTime scanned(QDate(2024, 3, 5), QTime(14, 7, 9));
-    set(bob, {{"FullName", u"Bob Berg"_s}, {"Title", u"Dr."_s}, {"Company", u"Acme"_s},
-              {"Address", u"1 Main St\r\nFlat 2"_s}, {"City", u"Oslo"_s}, {"State", u"OS"_s}, {"Zip", u"0150"_s},
-              {"Comment", u"first line\r\nsecond"_s}, {"ContactNumber", 0}, {"DateScan", scanned}, {"Type1", 3},
-              {"Number1", u"+47 1234"_s}, {"Number2", u"555"_s}, {"Type3", 4}});
+    set(bob, {{"FullName", u"Bob Berg"_s},
+              {"Title", u"Dr."_s},
+              {"Company", u"Acme"_s},
+              {"Address", u"1 Main St\r\nFlat 2"_s},
+              {"City", u"Oslo"_s},
+              {"State", u"OS"_s},
+              {"Zip", u"0150"_s},
+              {"Comment", u"first line\r\nsecond"_s},
+              {"ContactNumber", 0},
+              {"DateScan", scanned},
+              {"Type1", 3},
+              {"Number1", u"+47 1234"_s},
+              {"Number2", u"555"_s},
+              {"Type3", 4}});
     set(anna, {{"FullName", QVariant()}, {"ContactNumber", 42}, {"DateScan", QVariant()}});
     show(u"Categories"_s, u"ALL"_s, u"ID0"_s);
     ASSERT_EQ(row(bob)->CellCount(), 25);
     QStringList cells;
-    for (int c = 0; c < 25; ++c) cells << row(bob)->CellText(c);
-    EXPECT_EQ(cells, (QStringList{u"Bob Berg"_s, u"Dr."_s, u"Acme"_s, u"Business/Customers"_s, u"My favorites"_s,
-                                  u"1 Main St, Flat 2"_s, u"Oslo"_s, u"OS"_s, u"0150"_s, u"first line ..."_s, u" "_s,
-                                  mCommon::TimeCorrectView(scanned), u"Others"_s, u"Mobile phone: +47 1234"_s,
-                                  u"555"_s, u"Fax:"_s, "", "", "", "", "", "", "", "", ""}));
+    for (int c = 0; c < 25; ++c)
+        cells << row(bob)->CellText(c);
+    EXPECT_EQ(cells, (QStringList{u"Bob Berg"_s,
+                                  u"Dr."_s,
+                                  u"Acme"_s,
+                                  u"Business/Customers"_s,
+                                  u"My favorites"_s,
+                                  u"1 Main St, Flat 2"_s,
+                                  u"Oslo"_s,
+                                  u"OS"_s,
+                                  u"0150"_s,
+                                  u"first line ..."_s,
+                                  u" "_s,
+                                  mCommon::TimeCorrectView(scanned),
+                                  u"Others"_s,
+                                  u"Mobile phone: +47 1234"_s,
+                                  u"555"_s,
+                                  u"Fax:"_s,
+                                  "",
+                                  "",
+                                  "",
+                                  "",
+                                  "",
+                                  "",
+                                  "",
+                                  "",
+                                  ""}));
     EXPECT_EQ(row(bob)->Tag(), u"b"_s);
     EXPECT_EQ(row(bob)->SmallIcon(), u"BOR"_s);
     EXPECT_EQ(row(anna)->Text(), u""_s);
@@ -162,16 +199,18 @@ TEST_F(ListFillTest, RowsShowTheirFieldsInCatalogueOrder) {
     EXPECT_EQ(family->CellCount(), 13);
     EXPECT_EQ(family->CellText(mLV::cellComment), u"Close family ..."_s);
     EXPECT_EQ(family->CellText(mLV::cellID), u" "_s);
-    gDB.Execute(u"INSERT INTO Boxes (ID, Name, IDPARENT, Pedigree, Catpath) VALUES (2, 'Team', 1, 'ID0EID1EID2E', "
-                "'Others/Team')"_s);
+    gDB.Execute(
+        u"INSERT INTO Boxes (ID, Name, IDPARENT, Pedigree, Catpath) VALUES (2, 'Team', 1, 'ID0EID1EID2E', "
+        "'Others/Team')"_s);
     show(u"Boxes"_s, u"ALL"_s, u"ID1"_s);
     EXPECT_EQ(list->ListItems(u"ID2E"_s)->SmallIcon(), u"BOX"_s);
 }
 
 TEST_F(ListFillTest, ChildRowsAreAddedOnlyBelowTheRootInNormalMode) {
     show(u"Categories"_s, u"ALL"_s, u"ID3"_s);
-    gDB.Execute(u"INSERT INTO Categories (ID, Name, IDPARENT, Pedigree, Catpath) VALUES (13, 'Key accounts', 3, "
-                "'ID0EID3EID13E', 'Business/Key accounts')"_s);
+    gDB.Execute(
+        u"INSERT INTO Categories (ID, Name, IDPARENT, Pedigree, Catpath) VALUES (13, 'Key accounts', 3, "
+        "'ID0EID3EID13E', 'Business/Key accounts')"_s);
     makeTree(u"ID3"_s); // the tree has grown behind the list
     list->SetSelectedItem(list->ListItems(u"ID4E"_s));
     mLV::AddMissingCatRecords(*list, *tree);

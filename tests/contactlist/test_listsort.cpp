@@ -17,7 +17,9 @@
 
 using namespace Qt::StringLiterals;
 
-static void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+static void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
@@ -38,10 +40,13 @@ class ListSortTest : public fixture::PhonebookTest {
         PhonebookTest::TearDown();
     }
 
-    void contact(const QString& name, std::initializer_list<std::pair<const char*, QVariant>> fields, int idc = 1) {
-        dao::Recordset rs = gDB.OpenRecordset(u"SELECT * FROM CDs WHERE IDCD = %1"_s.arg(addContact(name, idc)));
+    void contact(const QString& name, std::initializer_list<std::pair<const char*, QVariant>> fields,
+                 int idc = 1) {
+        dao::Recordset rs =
+            gDB.OpenRecordset(u"SELECT * FROM CDs WHERE IDCD = %1"_s.arg(addContact(name, idc)));
         rs.Edit();
-        for (const auto& [field, value] : fields) rs.SetValue(QString::fromLatin1(field), value);
+        for (const auto& [field, value] : fields)
+            rs.SetValue(QString::fromLatin1(field), value);
         rs.Update();
     }
     void fill(const QString& node = u"ID0"_s) {
@@ -52,7 +57,8 @@ class ListSortTest : public fixture::PhonebookTest {
     QString sortBy(int column) {
         mLV::SwitchSortDisk(*list, column, true);
         QStringList texts;
-        for (const ListItem* item : list->ListItems) texts << item->Text();
+        for (const ListItem* item : list->ListItems)
+            texts << item->Text();
         return texts.join(' ');
     }
     // Every text and Tag of the list, row by row, by key.
@@ -60,7 +66,8 @@ class ListSortTest : public fixture::PhonebookTest {
         std::map<QString, QStringList> m;
         for (const ListItem* item : list->ListItems) {
             QStringList cells{item->Tag()};
-            for (int c = 0; c < item->CellCount(); ++c) cells << item->CellText(c) << item->CellTag(c);
+            for (int c = 0; c < item->CellCount(); ++c)
+                cells << item->CellText(c) << item->CellTag(c);
             m[item->Key()] = cells;
         }
         return m;
@@ -108,7 +115,8 @@ TEST_F(ListSortTest, ChildRowsLeadWhenAscendingAndTrailWhenDescending) {
 }
 
 TEST_F(ListSortTest, EveryTextAndTagIsBackAfterAnySort) {
-    contact(u"Ann"_s, {{"ContactNumber", 7}, {"City", u"Rome"_s}, {"Type1", 5}, {"Number1", u"ann@example.org"_s}}, 2);
+    contact(u"Ann"_s,
+            {{"ContactNumber", 7}, {"City", u"Rome"_s}, {"Type1", 5}, {"Number1", u"ann@example.org"_s}}, 2);
     contact(u"Ben"_s, {{"ContactNumber", 0}, {"Comment", u"two\nlines"_s}}, 2);
     fill(u"ID2"_s);
     // A cell Tag set by someone else (a link address) survives the sort of its column.
@@ -135,7 +143,8 @@ TEST_F(ListSortTest, AddedSortsByDateWhateverTheDisplayPattern) {
         fill();
         list->SetSortKey(0);
         EXPECT_EQ(sortBy(mLV::cellAdded), u"Eli Cid Abe Dan Bob"_s) << locale;
-        EXPECT_EQ(list->ListItems(u"ID1"_s)->CellText(mLV::cellAdded), mCommon::TimeCorrectView(third)) << locale;
+        EXPECT_EQ(list->ListItems(u"ID1"_s)->CellText(mLV::cellAdded), mCommon::TimeCorrectView(third))
+            << locale;
     }
 }
 
@@ -145,10 +154,12 @@ TEST_F(ListSortTest, HeaderArrowAndArrangeEntryFollowTheColumn) {
     contact(u"Ann"_s, {});
     fill();
     list->SetSortKey(1);
-    for (const auto& [column, id] : {std::pair{0, 10002}, {11, 10013}, {12, 10024}, {13, 10026}, {24, 10037}}) {
+    for (const auto& [column, id] :
+         {std::pair{0, 10002}, {11, 10013}, {12, 10024}, {13, 10026}, {24, 10037}}) {
         sortBy(column);
         EXPECT_EQ(checks.size(), 25u);
-        for (const auto& [entry, checked] : checks) EXPECT_EQ(checked, entry == id) << entry;
+        for (const auto& [entry, checked] : checks)
+            EXPECT_EQ(checked, entry == id) << entry;
         for (const ColumnHeader* c : list->ColumnHeaders)
             EXPECT_EQ(c->Icon(), c->SubItemIndex() == column ? 2 : 0) << column;
     }
