@@ -6,6 +6,8 @@
 #include "core/previnstance.h"
 #include "core/seams.h"
 #include "contactlist/columns.h"
+#include "contactlist/listfill.h"
+#include "contactlist/listsort.h"
 #include "preferences/settingdefaults.h"
 #include "preferences/settingvalue.h"
 #include "support/controls/listview.h"
@@ -14,6 +16,7 @@
 #include "preferences/mru.h"
 #include "preferences/regsettings.h"
 #include "preferences/settings.h"
+#include "trees/viewstate.h"
 
 #include <QApplication>
 #include <QDir>
@@ -106,6 +109,7 @@ void Main() {
         if (connected) {
             mCommon::EditCaption();
             mCommon::NotConnected(false);
+            form->IniToolBar2();
             if (!gCommandLine.isEmpty()) mMru::AddToMRUList(gDBPath);
         } else {
             mCommon::NotConnected(true);
@@ -117,8 +121,11 @@ void Main() {
         mLV::IniList(*form->ListView1, mLV::lcDetails);
         mLV::IniList(*form->ListView2, mLV::lcContacts);
         form->ListView2->SetSortKey(int(mRegSettings::SettingNumber(mRegSettings::ReadSetting(QStringLiteral("ColumnHeaders12\\Other"), QStringLiteral("SortKey")))));
-        // A stored true gives order 0 and a stored false order 1, as the list stores it.
+        // The order is set the other way round: the sort of the same column turns it back to the
+        // stored one. The list of the whole phonebook is filled once, now that it has its columns.
         form->ListView2->SetSortOrder(mRegSettings::SettingBool(mRegSettings::ReadSetting(QStringLiteral("ColumnHeaders12\\Other"), QStringLiteral("SortOrder"))) ? 0 : 1);
+        if (connected) mLV::FillDriveList(*form->ListView2, CurrentLetter, CurrentNodeKey);
+        mLV::SwitchSortDisk(*form->ListView2, form->ListView2->SortKey(), true);
         // 17.
         gMainFormShown = true;
     });

@@ -8,6 +8,14 @@
 #include "preferences/preferences.h"
 #include "preferences/settings.h"
 #include "support/controls/commandbars.h"
+#include "support/controls/treeview.h"
+#include "trees/catproperties.h"
+#include "trees/checktab.h"
+#include "trees/mainview.h"
+#include "trees/treedelete.h"
+#include "trees/treeedit.h"
+#include "trees/treesort.h"
+#include "trees/viewstate.h"
 
 #include <QToolBar>
 
@@ -51,21 +59,51 @@ void Form1::CommandBars1_Execute(CommandBarAction* Control) {
         case cmd::AccessOptions:
             break;
 
-        case cmd::CategoryAdd:
-        case cmd::CategoryRename:
-        case cmd::CategoryDelete:
-        case cmd::CategorySortByName:
-        case cmd::CategorySortByContacts:
         case cmd::CategoryQuickAdd:
+            mTV::CatTreeAdd(mTV::TreeForm{*CatTree, true}, mToolBar::WhatCATIsChecked());
+            break;
+        case cmd::CategoryAdd:
+            mTV::mnuCategoryAdd(View());
+            break;
+        case cmd::CategoryRename:
+            mTV::CatTreeRename(mTV::TreeForm{*CatTree, true});
+            break;
+        case cmd::CategoryDelete:
+            mTV::CatTreeDelete(*CatTree, false, false);
+            MenuUpdate();
+            break;
+        case cmd::CategorySortByName:
+            mTV::SortTreeByName(*CatTree);
+            break;
+        case cmd::CategorySortByContacts:
+            mTV::SortTreeByQuantity(*CatTree);
+            break;
         case cmd::CategoryModeNormal:
         case cmd::CategoryModeAdvanced:
+            mLV::SwitchCategoryMode(View(), id == cmd::CategoryModeNormal);
+            MenuUpdate();
+            break;
         case cmd::CategoryProperties:
+            mTV::mnuCategoryProperties(View());
             break;
 
         case cmd::ContactAdd:
+        case cmd::ListAdd:
+        case cmd::MainAdd:
+            mnuEditAdd_Click();
+            break;
         case cmd::ContactNoFavorite:
-        case cmd::ContactDelete:
+        case cmd::ListNoFavorite:
+            mnuEditNoBorrow_Click();
+            break;
         case cmd::ContactProperties:
+        case cmd::ListProperties:
+            mnuEditProperties_Click();
+            break;
+        case cmd::MainProperties:
+            PropertiesFromTab();
+            break;
+        case cmd::ContactDelete:
         case cmd::ContactCopy:
             break;
 
@@ -79,6 +117,8 @@ void Form1::CommandBars1_Execute(CommandBarAction* Control) {
             ViewMainSwich(QStringLiteral("Boxes"));
             break;
         case cmd::ViewRefresh:
+        case cmd::ListRefresh:
+            mnuViewMainRefresh_Click();
             break;
         case cmd::ViewToolTips:
             SwitchToolTips();
@@ -126,23 +166,17 @@ void Form1::CommandBars1_Execute(CommandBarAction* Control) {
         case cmd::HelpAbout:
             break;
 
-        case cmd::ListRefresh:
-        case cmd::ListAdd:
-        case cmd::ListNoFavorite:
         case cmd::ListDelete:
-        case cmd::ListProperties:
         case cmd::ListCopy:
             break;
 
         case cmd::TabCategories:
         case cmd::TabGroups:
         case cmd::TabFavorites:
-            GroupChange(id);
+            ViewMainSwich(Control->Tag());
             break;
 
-        case cmd::MainAdd:
         case cmd::MainDelete:
-        case cmd::MainProperties:
         case cmd::MainSearch:
         case cmd::MainStatistics:
         case cmd::MainReport:
@@ -158,7 +192,10 @@ void Form1::CommandBars1_Execute(CommandBarAction* Control) {
             if (id >= cmd::RecentFirst && id <= cmd::RecentLast) {
                 mnuFileMRU_Click(id);
             } else if (id == cmd::LetterAll || (id >= cmd::LetterA && id <= cmd::LetterUnknown)) {
-                GroupChange(id);
+                ViewMainSwich(Control->Tag());
+            } else if ((id >= cmd::ListSortFirst && id <= cmd::ListSortLast) || id == cmd::ListSortByGroup ||
+                       (id >= cmd::ListSortInfoFirst && id <= cmd::ListSortInfoLast)) {
+                ArrangeBy(id);
             }
             break;
         }

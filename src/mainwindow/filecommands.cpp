@@ -1,4 +1,5 @@
 // The File menu: new and open phonebook, the recent files, exit.
+#include "contactlist/favorites.h"
 #include "core/cfiledialog.h"
 #include "core/error.h"
 #include "core/globals.h"
@@ -75,7 +76,9 @@ void Form1::fileNew() {
         mCommon::EditCaption();
         ROSwitch();
         mCommon::NotConnected(false);
+        ShowPhonebook();
         MenuUpdate();
+        mCommon::MenuNoBorrow(*this);
     } else {
         mCommon::NotConnected(true);
         mCommon::EditCaption();
@@ -122,7 +125,9 @@ void Form1::openChosen(const QString& path) {
         ROSwitch();
         mCommon::EditCaption();
         mCommon::NotConnected(false);
+        ShowPhonebook();
         MenuUpdate();
+        mCommon::MenuNoBorrow(*this);
     } else {
         mCommon::NotConnected(true);
         mCommon::EditCaption();

@@ -11,6 +11,7 @@
 #include "mainwindow/icons.h"
 #include "mainwindow/statusbar.h"
 #include "phonebook/login.h"
+#include "phonebook/store/dao.h"
 #include "preferences/mru.h"
 #include "preferences/preferences.h"
 #include "preferences/regsettings.h"
@@ -88,13 +89,20 @@ Form1::Form1(QWidget* parent) : QMainWindow(parent) {
     connect(Timer1, &QTimer::timeout, this,
             [this] { RunEvent("Form1.Timer1_Timer", [this] { Timer1_Timer(); }); });
 
+    connectViewEvents();
     gForm1 = this;
     RunEvent("Form1.Form_Load", [this] { Form_Load(); });
 }
 
 Form1::~Form1() {
+    // Controls that go after this part of the window tell it nothing more.
+    CatTree->disconnect(this);
+    ListView2->disconnect(this);
     mMru::SetMenuHandler({});
-    if (gForm1 == this) gForm1 = nullptr;
+    if (gForm1 == this) {
+        clearHooks();
+        gForm1 = nullptr;
+    }
 }
 
 DockingPane* Form1::Pane(int id) const {
@@ -116,6 +124,7 @@ void Form1::Form_Load() {
     HUNT_PLACE("Form1.Form_Load");
     LoadMenuToolbar();
     LoadPanes();
+    fillHooks();
     // Kept from an older layout of the window: read here, written back at unload.
     SXpc2 = readPercent("SXpc2", 70);
     SXpc1 = readPercent("SXpc1", 35);
@@ -193,6 +202,15 @@ void Form1::SetNoImage() {
     ResizePhoto();
 }
 
+// The photo of the contact the recordset stands on; a contact without one, or with one that
+// cannot be read, shows the no-photo picture.
+void Form1::LoadPhotoFromDB(const dao::Recordset& rstWork) {
+    HUNT_PLACE("Form1.LoadPhotoFromDB");
+    const QByteArray photo = rstWork[QStringLiteral("Photo")].toByteArray();
+    if (photo.isEmpty() || !picImage.loadFromData(photo)) picImage = imNoImage;
+    ResizePhoto();
+}
+
 // The photo fits its pane: a larger one is scaled down to the pane's width, then to its height,
 // keeping its proportions; a smaller one is never enlarged. It stands centred on white.
 void Form1::ResizePhoto() {
@@ -259,19 +277,4 @@ void Form1::GroupChange(int ButtonID) {
     }
     for (int id : group)
         if (CommandBarAction* a = CommandBars1->FindAction(id)) a->SetChecked(id == ButtonID);
-}
-
-void Form1::ViewMainSwich(const QString& Key) {
-    HUNT_PLACE("Form1.ViewMainSwich(Key)", Key);
-    // The button whose tag is the key: a tree tab or a letter.
-    QList<int> buttons = {cmd::TabCategories, cmd::TabGroups, cmd::TabFavorites, cmd::LetterAll};
-    for (int id = cmd::LetterA; id <= cmd::LetterUnknown; ++id)
-        buttons << id;
-    for (int id : buttons) {
-        if (CommandBars1->FindAction(id)->Tag() == Key) {
-            GroupChange(id);
-            break;
-        }
-    }
-    MenuUpdate();
 }

@@ -8,16 +8,26 @@
 #include <QPixmap>
 #include <QString>
 
+class ColumnHeader;
 class CommandBarAction;
 class CommandBars;
 class DockingPane;
+class ListItem;
 class ListView;
 class QLabel;
 class QMenu;
 class QProgressBar;
 class QTimer;
 class StatusBar;
+class TreeNode;
 class TreeView;
+
+namespace dao {
+class Recordset;
+}
+namespace mTV {
+struct MainView;
+}
 
 // View state of the main window that other parts of the program read.
 extern bool MainFormVisible;       // shown, not hidden to the tray
@@ -61,6 +71,8 @@ class Form1 : public QMainWindow {
     float SYpc = 50;
 
     DockingPane* Pane(int id) const;
+    // The tree, the contact list and the detail pane, as the view procedures take them.
+    mTV::MainView View();
 
     // Window procedures.
     void Form_Load();
@@ -76,7 +88,23 @@ class Form1 : public QMainWindow {
     void ViewMainSwich(const QString& Key);
     void SetNoImage();
     void ResizePhoto();
+    void LoadPhotoFromDB(const dao::Recordset& rstWork);
     void ROSwitch() {}
+    // The tree tabs, the letters and the category mode for a phonebook just opened, and its tree
+    // filled: Categories, all letters, the root in force.
+    void IniToolBar2();
+    // IniToolBar2, then the list of the whole phonebook in the order in force.
+    void ShowPhonebook();
+
+    // Events of the tree and the contact list.
+    void CatTree_NodeClick(TreeNode* Node);
+    void CatTree_Collapse(TreeNode* Node);
+    void CatTree_AfterLabelEdit(bool& Cancel, QString& NewString);
+    void ListView2_ItemClick(ListItem* Item);
+    void ListView2_DblClick();
+    void ListView2_KeyPress(int& KeyAscii);
+    void ListView2_MouseUp();
+    void ListView2_ColumnClick(ColumnHeader* ColumnHeader);
 
     // The one dispatcher of all commands.
     void CommandBars1_Execute(CommandBarAction* Control);
@@ -87,6 +115,14 @@ class Form1 : public QMainWindow {
     void mnuFileMRU_Click(int Index);
     void mnuFileClear_Click();
     void mnuFileExit_Click();
+
+    // Commands on the tree and the contacts.
+    void mnuViewMainRefresh_Click();
+    void mnuEditAdd_Click();
+    void mnuEditNoBorrow_Click();
+    void mnuEditProperties_Click();
+    void PropertiesFromTab();
+    void ArrangeBy(int id);
 
     // View commands.
     void SwitchToolTips();
@@ -114,6 +150,12 @@ class Form1 : public QMainWindow {
     void loadPaneLayout(const QString& key);
     void showListPopup(const QPoint& pos);
     void tickViewEntries();
+    void connectViewEvents();
+    void fillHooks();
+    void clearHooks();
+    void showTree(const QString& tab);
+    int buttonOfTag(const QString& Key) const;
+    void tickCategoryMode();
 
     QWidget* m_photoFrame = nullptr;
     QByteArray m_pendingPanes; // a pane layout waiting for the window to show

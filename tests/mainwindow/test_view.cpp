@@ -1,0 +1,358 @@
+// What the main window shows of a phonebook: the tree with its counts, the contacts of the node
+// and letter in force, their order, the fields of the selected contact, and the list and counts
+// following a new contact and a contact leaving its favorites.
+#include "card/cardentries.h"
+#include "card/cardform.h"
+#include "core/globals.h"
+#include "core/language.h"
+#include "core/mmain.h"
+#include "core/previnstance.h"
+#include "mainwindow/dockingpane.h"
+#include "mainwindow/form1.h"
+#include "phonebook/createdb.h"
+#include "preferences/mru.h"
+#include "preferences/settings.h"
+#include "support/controls/commandbars.h"
+#include "support/controls/imagecombo.h"
+#include "support/controls/listview.h"
+#include "support/controls/treeview.h"
+#include "support/fixture.h"
+#include "trees/catpath.h"
+#include "trees/viewstate.h"
+
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class View : public fixture::TempDirTest {
+  protected:
+    void SetUp() override {
+        TempDirTest::SetUp();
+        m_book = path(u"book.kvdb"_s);
+        ASSERT_EQ(mAccess::CreateDB(m_book, false), 1);
+        // Below the default Business > Customers a third level; two groups and a second
+        // favorites folder beside "My favorites".
+        exec(
+            u"INSERT INTO Categories (ID, Name, IDPARENT, Pedigree) VALUES (13, 'Key accounts', 4, 'ID0EID3EID4EID13E')"_s);
+        exec(u"INSERT INTO Boxes (ID, Name, IDPARENT, Pedigree) VALUES (2, 'Office', 0, 'ID0EID2E')"_s);
+        exec(u"INSERT INTO Borrows (ID, Name, IDPARENT, Pedigree) VALUES (2, 'Emergency', 0, 'ID0EID2E')"_s);
+        mLV::UpdateCatPathAll();
+        ann = contact(u"Ann Archer"_s, u"Zeta Freight"_s, 4, 1, 1);
+        bob = contact(u"Bob Brown"_s, u"Acme Tools"_s, 13, 2, -1);
+        bea = contact(u"Bea Baker"_s, u"Acme Tools"_s, 3, 2, 2);
+        carl = contact(u"Carl Clark"_s, QString(), 9, 1, -1);
+        dora = contact(u"Dora Dane"_s, u"Iris Labs"_s, 1, 1, 1);
+        exec(u"UPDATE CDs SET Type1 = 3, Number1 = '555 0101', Type2 = 5, Number2 = 'ann@zeta.example', "
+             "City = 'Oslo' WHERE IDCD = %1"_s.arg(ann));
+        mMain::Closing();
+    }
+    void TearDown() override {
+        delete gForm1;
+        mMain::Closing();
+        mPrevInstance::StopListening();
+        mMain::SetCommandLine(QString());
+        mMru::ClearMRUList(); // the start put the phonebook in the recent list
+        gNotConnected = true;
+        TempDirTest::TearDown();
+    }
+
+    static void exec(const QString& sql) { gDB.Execute(sql); }
+    static int contact(const QString& name, const QString& company, int idc, int idx, int idb) {
+        const int next = scalar(u"SELECT IIf(IsNull(Max(IDCD)), 0, Max(IDCD)) + 1 FROM CDs"_s).toInt();
+        exec(u"INSERT INTO CDs (IDCD, ContactNumber, FullName, Company, IDC, IDX, IDB, Label) "
+             "VALUES (%1, %1, '%2', %3, %4, %5, %6, '%7')"_s.arg(next)
+                 .arg(name, company.isEmpty() ? u"Null"_s : u"'"_s + company + u"'"_s)
+                 .arg(idc)
+                 .arg(idx)
+                 .arg(idb)
+                 .arg(name.left(1)));
+        return next;
+    }
+    static QVariant scalar(const QString& sql) {
+        dao::Recordset rs = gDB.OpenRecordset(sql, dao::dbOpenSnapshot);
+        return rs.AtEOF() ? QVariant() : rs.Value(0);
+    }
+
+    // The program starts on the phonebook as when it is given on the command line.
+    Form1& start(bool normalMode = false) {
+        SaveSetting(AppTitle(), u"PreferencesNew"_s, u"CategoryNormalMode"_s, normalMode);
+        mMain::SetCommandLine(m_book);
+        mMain::Main();
+        EXPECT_FALSE(gNotConnected);
+        Form1& f = *gForm1;
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&f));
+        return f;
+    }
+    Form1& form() const { return *gForm1; }
+    TreeView& tree() const { return *gForm1->CatTree; }
+    ListView& list() const { return *gForm1->ListView2; }
+    bool run(int id) const { return gForm1->CommandBars1->ExecuteId(id); }
+    CommandBarAction* action(int id) const { return gForm1->CommandBars1->FindAction(id); }
+
+    QString label(const QString& key) const {
+        const TreeNode* node = tree().Nodes(key);
+        return node ? node->Text() : u"<none>"_s;
+    }
+    QStringList names() const {
+        QStringList n;
+        for (const ListItem* item : list().ListItems)
+            n << item->Text();
+        return n;
+    }
+    QStringList keys() const {
+        QStringList k;
+        for (const ListItem* item : list().ListItems)
+            k << item->Key();
+        return k;
+    }
+    // The detail pane as "label value" lines.
+    QStringList details() const {
+        QStringList d;
+        for (const ListItem* item : form().ListView1->ListItems)
+            d << item->Text() + u' ' + item->CellText(1);
+        return d;
+    }
+
+    // The user's mouse on the controls.
+    void clickNode(const QString& key) {
+        TreeNode* node = tree().Nodes(key);
+        ASSERT_NE(node, nullptr) << key.toStdString();
+        tree().scrollToItem(node);
+        QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, tree().visualItemRect(node).center());
+    }
+    QPoint rowPoint(const QString& key) {
+        const ListItem* item = list().ListItems(key);
+        EXPECT_NE(item, nullptr) << key.toStdString();
+        if (!item) return {};
+        const QModelIndex index = list().model()->index(item->Index() - 1, 0);
+        list().scrollTo(index);
+        return list().visualRect(index).center();
+    }
+    void clickRow(const QString& key) {
+        QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, rowPoint(key));
+    }
+    void doubleClickRow(const QString& key) {
+        QTest::mouseDClick(list().viewport(), Qt::LeftButton, {}, rowPoint(key));
+    }
+    void clickHeader(int index) {
+        QHeaderView* header = list().header();
+        const int logical = index - 1;
+        const int x = header->sectionViewportPosition(logical) + header->sectionSize(logical) / 2;
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, QPoint(x, header->height() / 2));
+    }
+    static QString id(int n) { return u"ID%1"_s.arg(n); }
+
+    QString m_book;
+    int ann = 0, bob = 0, bea = 0, carl = 0, dora = 0;
+};
+
+} // namespace
+
+TEST_F(View, OpeningShowsTheTreeWithCountsAndEveryContactByName) {
+    start();
+    EXPECT_EQ(label(u"ID0"_s), "All categories (5)");
+    EXPECT_EQ(label(u"ID3"_s), "Business (3)"); // Bea, and Ann and Bob below it
+    EXPECT_EQ(label(u"ID4"_s), "Customers (2)");
+    EXPECT_EQ(label(u"ID13"_s), "Key accounts (1)");
+    EXPECT_EQ(label(u"ID2"_s), "Personal (1)");
+    EXPECT_EQ(label(u"ID1"_s), "Others (1)");
+    EXPECT_EQ(label(u"ID5"_s), "Employees (0)");
+    EXPECT_EQ(tree().SelectedItem()->Key(), "ID0");
+    EXPECT_EQ(names(), QStringList({"Ann Archer", "Bea Baker", "Bob Brown", "Carl Clark", "Dora Dane"}));
+    EXPECT_EQ(list().SelectedItem(), nullptr);
+    EXPECT_EQ(form().PCatTree->windowTitle(), mLanguageGobals::msgCategories);
+    EXPECT_TRUE(action(10499)->Checked() && action(10402)->Checked());
+    EXPECT_TRUE(action(10002)->Checked()); // arranged by full name
+    EXPECT_TRUE(action(207)->Checked() && !action(206)->Checked());
+    EXPECT_TRUE(AdvancedCategoryMode);
+
+    // The other trees count their own way: favorites only count favorites.
+    ASSERT_TRUE(run(10401));
+    EXPECT_EQ(label(u"ID0"_s), "All favorites (3)");
+    EXPECT_EQ(label(u"ID1"_s), "My favorites (2)");
+    EXPECT_EQ(label(u"ID2"_s), "Emergency (1)");
+    EXPECT_EQ(names(), QStringList({"Ann Archer", "Bea Baker", "Dora Dane"}));
+    EXPECT_EQ(form().PCatTree->windowTitle(), mLanguageGobals::msgFavoritesTree);
+    EXPECT_TRUE(action(501)->Checked());
+    ASSERT_TRUE(run(10453));
+    EXPECT_EQ(label(u"ID0"_s), "All groups (5)");
+    EXPECT_EQ(label(u"ID2"_s), "Office (2)");
+    EXPECT_EQ(names().size(), 5);
+}
+
+TEST_F(View, TheListOpensInTheOrderItWasClosedIn) {
+    // Company, descending: ties fall to the name, the contact without a company comes last.
+    SaveSetting(AppTitle(), u"ColumnHeaders12\\Other"_s, u"SortKey"_s, 2);
+    SaveSetting(AppTitle(), u"ColumnHeaders12\\Other"_s, u"SortOrder"_s, 1);
+    start();
+    EXPECT_EQ(names(), QStringList({"Ann Archer", "Dora Dane", "Bob Brown", "Bea Baker", "Carl Clark"}));
+    EXPECT_EQ(list().SortOrder(), lvwDescending);
+    EXPECT_EQ(list().ColumnHeaders.Item(3)->Icon(), 1);
+    EXPECT_TRUE(action(10004)->Checked());
+    form().close();
+    EXPECT_EQ(GetSetting(AppTitle(), u"ColumnHeaders12\\Other"_s, u"SortOrder"_s), "1");
+    EXPECT_EQ(GetSetting(AppTitle(), u"ColumnHeaders12\\Other"_s, u"SortKey"_s), "2");
+}
+
+TEST_F(View, ANodeShowsItsSubtreeInAdvancedModeAndItsChildrenInNormalMode) {
+    start();
+    clickNode(u"ID3"_s);
+    EXPECT_EQ(CurrentNodeKey, "ID3");
+    EXPECT_EQ(names(), QStringList({"Ann Archer", "Bea Baker", "Bob Brown"}));
+    EXPECT_EQ(tree().Nodes(u"ID13"_s)->Image(), "CATSEL"); // the subtree is marked
+
+    ASSERT_TRUE(run(206));
+    EXPECT_FALSE(AdvancedCategoryMode);
+    EXPECT_EQ(tree().Nodes(u"ID13"_s)->Image(), "CAT");
+    EXPECT_EQ(keys(), QStringList({"ID4E", "ID5E", "ID8E", "ID6E", "ID7E", id(bea)}));
+    EXPECT_EQ(names().first(), "Customers");
+    EXPECT_EQ(label(u"ID3"_s), "Business (3)"); // counts are those of the subtree in both modes
+
+    // A double click opens a node row; Backspace goes back up.
+    doubleClickRow(u"ID4E"_s);
+    EXPECT_EQ(tree().SelectedItem()->Key(), "ID4");
+    EXPECT_EQ(keys(), QStringList({"ID13E", id(ann)}));
+    list().setFocus();
+    QTest::keyClick(&list(), Qt::Key_Backspace);
+    EXPECT_EQ(CurrentNodeKey, "ID3");
+    EXPECT_EQ(GetSetting(AppTitle(), u"PreferencesNew"_s, u"CategoryNormalMode"_s), "1");
+}
+
+TEST_F(View, ALetterFiltersTheListAndTheCounts) {
+    start(true);
+    ASSERT_TRUE(run(10426)); // "B"
+    EXPECT_EQ(CurrentLetter, "B");
+    EXPECT_EQ(names(), QStringList({"Bea Baker", "Bob Brown"}));
+    EXPECT_EQ(label(u"ID0"_s), "All categories (2)");
+    EXPECT_EQ(label(u"ID4"_s), "Customers (1)");
+    EXPECT_EQ(label(u"ID2"_s), "Personal (0)");
+    EXPECT_TRUE(action(10426)->Checked() && !action(10402)->Checked());
+    // The letter stays in force on another node.
+    clickNode(u"ID4"_s);
+    EXPECT_EQ(keys(), QStringList({"ID13E"}));
+    ASSERT_TRUE(run(10402));
+    EXPECT_EQ(keys(), QStringList({"ID13E", id(ann)}));
+}
+
+TEST_F(View, AColumnClickSortsAndASecondClickReverses) {
+    start();
+    clickHeader(3); // Company
+    EXPECT_EQ(names(), QStringList({"Carl Clark", "Bea Baker", "Bob Brown", "Dora Dane", "Ann Archer"}));
+    EXPECT_EQ(list().ColumnHeaders.Item(3)->Icon(), 2);
+    EXPECT_EQ(list().ColumnHeaders.Item(1)->Icon(), 0);
+    EXPECT_TRUE(action(10004)->Checked() && !action(10002)->Checked());
+    clickHeader(3);
+    EXPECT_EQ(names(), QStringList({"Ann Archer", "Dora Dane", "Bob Brown", "Bea Baker", "Carl Clark"}));
+    EXPECT_EQ(list().ColumnHeaders.Item(3)->Icon(), 1);
+    // The arrange entries of the pop-up sort the same way, and the order survives a refresh.
+    ASSERT_TRUE(run(10002));
+    EXPECT_EQ(names(), QStringList({"Ann Archer", "Bea Baker", "Bob Brown", "Carl Clark", "Dora Dane"}));
+    ASSERT_TRUE(run(10002));
+    ASSERT_TRUE(run(511));
+    EXPECT_EQ(names(), QStringList({"Dora Dane", "Carl Clark", "Bob Brown", "Bea Baker", "Ann Archer"}));
+}
+
+TEST_F(View, ARowShowsItsFieldsAndADoubleClickEditsItInTheCard) {
+    start();
+    clickRow(id(ann));
+    EXPECT_EQ(details(),
+              QStringList({"Full Name: Ann Archer", "Company: Zeta Freight", "Mobile phone: 555 0101",
+                           "Email: ann@zeta.example", "City: Oslo", "Category: Business/Customers",
+                           "Favorites: My favorites", "Group: Others"}));
+    EXPECT_EQ(form().ListView1->ListItems.Item(4)->CellForeColor(1), QColor(0, 0, 255)); // a mail link
+    EXPECT_TRUE(action(304)->Enabled());
+    EXPECT_TRUE(action(302)->Enabled()); // a favorite
+
+    clickRow(id(carl));
+    EXPECT_EQ(details().first(), "Full Name: Carl Clark");
+    EXPECT_FALSE(action(302)->Enabled());
+
+    // The card of the row: a new company and a move from Family to Friends.
+    QString opened;
+    {
+        fixture::ModalRecorder cards([&](QDialog* d) {
+            auto* card = static_cast<CardForm*>(d);
+            opened = card->fdFullName->text();
+            card->fdCompany->setText(u"Cedar Works"_s);
+            card->icmbCategory->SetSelectedItem(card->icmbCategory->ComboItems(u"ID10"_s));
+            card->icmbCategory_Click();
+            card->bnOK_Click();
+            return card->result();
+        });
+        doubleClickRow(id(carl));
+        EXPECT_EQ(cards.shown, 1);
+    }
+    EXPECT_EQ(opened, "Carl Clark");
+    EXPECT_EQ(PropertiesMode, 0);
+    const ListItem* row = list().ListItems(id(carl));
+    ASSERT_NE(row, nullptr);
+    EXPECT_EQ(row->CellText(2), "Cedar Works");
+    EXPECT_EQ(row->CellText(3), "Personal/Friends");
+    EXPECT_EQ(label(u"ID9"_s), "Family (0)");
+    EXPECT_EQ(label(u"ID10"_s), "Friends (1)");
+    EXPECT_TRUE(details().contains(u"Company: Cedar Works"_s));
+
+    // A node in force that no longer holds the row empties the pane.
+    clickNode(u"ID3"_s);
+    EXPECT_TRUE(details().isEmpty());
+    EXPECT_FALSE(action(304)->Enabled());
+}
+
+TEST_F(View, ANewContactFromTheCardJoinsTheListAndTheCounts) {
+    start();
+    auto addContact = [&](const QString& name, const char* category) {
+        fixture::ModalRecorder cards([&](QDialog* d) {
+            auto* card = static_cast<CardForm*>(d);
+            card->fdFullName->setText(name);
+            card->icmbCategory->SetSelectedItem(card->icmbCategory->ComboItems(QLatin1String(category)));
+            card->bnOK_Click();
+            return card->result();
+        });
+        EXPECT_TRUE(run(300));
+        EXPECT_EQ(cards.shown, 1);
+    };
+    addContact(u"Eve Evans"_s, "ID5");
+    const int eve = scalar(u"SELECT IDCD FROM CDs WHERE FullName = 'Eve Evans'"_s).toInt();
+    ASSERT_GT(eve, 0);
+    EXPECT_EQ(names(),
+              QStringList({"Ann Archer", "Bea Baker", "Bob Brown", "Carl Clark", "Dora Dane", "Eve Evans"}));
+    EXPECT_EQ(list().SelectedItem()->Key(), id(eve));
+    EXPECT_EQ(details().first(), "Full Name: Eve Evans");
+    EXPECT_EQ(label(u"ID0"_s), "All categories (6)");
+    EXPECT_EQ(label(u"ID3"_s), "Business (4)");
+    EXPECT_EQ(label(u"ID5"_s), "Employees (1)");
+    EXPECT_TRUE(ListNeedsClickReset);
+    clickRow(id(ann));
+    EXPECT_FALSE(ListNeedsClickReset);
+
+    // Outside the view in force the view moves to the new contact, letter button included.
+    ASSERT_TRUE(run(10426)); // "B"
+    addContact(u"Fay Fox"_s, "ID10");
+    EXPECT_EQ(CurrentLetter, "F");
+    EXPECT_EQ(CurrentNodeKey, "ID10");
+    EXPECT_TRUE(action(10430)->Checked() && !action(10426)->Checked());
+    EXPECT_EQ(names(), QStringList({"Fay Fox"}));
+    EXPECT_EQ(label(u"ID10"_s), "Friends (1)");
+}
+
+TEST_F(View, RemoveFromFavoritesTakesTheContactOutOfTheFavoritesView) {
+    start();
+    ASSERT_TRUE(run(10401));
+    clickNode(u"ID1"_s);
+    EXPECT_EQ(names(), QStringList({"Ann Archer", "Dora Dane"}));
+    clickRow(id(dora));
+    ASSERT_TRUE(action(302)->Enabled());
+    ASSERT_TRUE(run(302));
+    EXPECT_EQ(scalar(u"SELECT IDB FROM CDs WHERE IDCD = %1"_s.arg(dora)).toInt(), -1);
+    EXPECT_EQ(names(), QStringList({"Ann Archer"}));
+    EXPECT_EQ(label(u"ID1"_s), "My favorites (1)");
+    EXPECT_EQ(label(u"ID0"_s), "All favorites (2)");
+    EXPECT_TRUE(details().isEmpty());
+    EXPECT_FALSE(action(302)->Enabled());
+    // The end of the assignment is kept in the history.
+    EXPECT_EQ(scalar(u"SELECT Count(*) FROM LoanHistory WHERE IDCD = %1 AND IDB = 1"_s.arg(dora)).toInt(), 1);
+}
