@@ -16,6 +16,7 @@
 
 #include <QContextMenuEvent>
 #include <QDate>
+#include <QDir>
 #include <QFile>
 #include <QHelpEvent>
 #include <QMenu>
@@ -135,6 +136,18 @@ TEST_F(Commands, FileCommandsThatCannotOpenLeaveNothingOpenAndKeepTheEntry) {
     }
     dao::Hooks().growthPages = 0;
     EXPECT_FALSE(QFile::exists(full));
+    EXPECT_TRUE(gNotConnected);
+
+    // New over something that cannot be replaced (here a folder of that name) is denied.
+    const QString folder = path(QStringLiteral("taken.kvdb"));
+    QDir().mkpath(folder + QStringLiteral("/inside"));
+    chooseFile(folder);
+    {
+        fixture::MsgBoxRecorder boxes;
+        ASSERT_TRUE(form->CommandBars1->ExecuteId(100));
+        EXPECT_EQ(boxes.texts(), QStringList{mLanguageGobals::msgAccessDenied});
+    }
+    EXPECT_TRUE(QDir(folder + QStringLiteral("/inside")).exists());
     EXPECT_TRUE(gNotConnected);
 
     // New over the open phonebook starts it afresh; choosing the open file in Open does nothing.
