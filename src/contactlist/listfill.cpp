@@ -143,8 +143,9 @@ void AddDriveRecord(ListView& ListView2, const dao::Recordset& rstWork, const Li
     const int keyLength =
         std::snprintf(keyText, sizeof keyText, "ID%lld", rstWork.Value(f.IDCD).toLongLong());
     const QString key = QString::fromLatin1(keyText, keyLength);
-    ListItem* item = ListView2.ListItems.Add(key, text(rstWork.Value(f.FullName)), QString(), kContactIcon);
-    ListSubItemCollection& cells = item->ListSubItems;
+    ListRowCells& cells = f.Row;
+    cells.Clear();
+    cells.Add(text(rstWork.Value(f.FullName)));
     cells.Add(text(rstWork.Value(f.Title)));
     cells.Add(text(rstWork.Value(f.Company)));
     cells.Add(text(rstWork.Value(f.Cat)));
@@ -183,6 +184,7 @@ void AddDriveRecord(ListView& ListView2, const dao::Recordset& rstWork, const Li
         trimBlanks(info);
         cells.Add(info);
     }
+    ListItem* item = ListView2.ListItems.Add(key, cells, QString(), kContactIcon);
     item->SetTag(kContactTag);
 }
 

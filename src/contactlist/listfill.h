@@ -8,6 +8,7 @@
 
 #include "contactlist/listdates.h"
 #include "phonebook/store/dao.h"
+#include "support/controls/listitem.h"
 
 #include <QString>
 
@@ -39,7 +40,7 @@ enum ListCell : int {
 QString ListQuery();
 
 // What writing contact rows needs once per recordset rather than once per row: the places of the
-// fields, the shape of the dates shown, a scratch text.
+// fields, the shape of the dates shown, the cells of the row being made and a scratch text.
 struct ListFields {
     explicit ListFields(const dao::Recordset& rs); // throws 3265 when a field is missing
     int IDCD, FullName, Title, Company, Cat, Bor, Address, City, State, Zip, Comment, ContactNumber, DateScan,
@@ -47,6 +48,7 @@ struct ListFields {
     int T[12];
     int Number[12];
     ShownDate Added;
+    mutable ListRowCells Row;
     mutable QString Scratch;
 };
 

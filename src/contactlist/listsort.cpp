@@ -6,11 +6,7 @@
 #include "core/error.h"
 #include "support/controls/listview.h"
 
-#include <QColor>
-
 #include <algorithm>
-#include <utility>
-#include <vector>
 
 namespace mLV {
 
@@ -72,44 +68,22 @@ class PointerBlock {
     int m_saved;
 };
 
-// What a sort lends out and gives back: cell Tags that were set before it (the links of the
-// search list), and the rows that had no cell in the column (a node row has no number cells),
-// with their number of cells.
-struct Loans {
-    std::vector<std::pair<ListItem*, QString>> tags;
-    std::vector<std::pair<ListItem*, int>> shortRows;
-};
-
-// Cuts a row back to `count` cells, keeping everything of the cells that stay.
-void dropCellsFrom(ListItem* item, int count) {
-    struct Cell {
-        QString text, tag;
-        QColor color;
-        bool bold;
-    };
-    std::vector<Cell> keep;
-    for (int c = 1; c < count; ++c)
-        keep.push_back({item->CellText(c), item->CellTag(c), item->CellForeColor(c), item->CellBold(c)});
-    item->ListSubItems.Clear();
-    for (const Cell& c : keep) {
-        ListSubItem cell = item->ListSubItems.Add(c.text);
-        if (!c.tag.isEmpty()) cell.SetTag(c.tag);
-        if (c.color.isValid()) cell.SetForeColor(c.color);
-        if (c.bold) cell.SetBold(true);
-    }
-}
-
-void rewrite(ListView& list, int cell, Rule rule, Loans& loans) {
-    QString sortText;
-    sortText.reserve(256);
+// The sort text of every row, in the order of the rows: the row's kind letter (its Tag, "a" for
+// a node before "b" for a contact), the cell in a form whose text order is the wanted order, then
+// the row's own text, so that ties fall to the name.
+TextOrder::Keys sortKeys(const ListView& list, int cell, Rule rule) {
+    TextOrder::Keys keys;
+    keys.Reserve(size_t(list.ListItems.Count()));
     if (rule == Rule::Name) {
-        for (ListItem* item : list.ListItems) {
-            sortText.truncate(0);
+        for (const ListItem* item : list.ListItems) {
+            const QStringView name = item->CellView(0);
+            QString sortText;
+            sortText.reserve(item->Tag().size() + name.size());
             sortText += item->Tag();
-            sortText += item->CellView(0);
-            item->SetCellText(0, sortText);
+            sortText += name;
+            keys.Add(std::move(sortText));
         }
-        return;
+        return keys;
     }
 
     qsizetype longest = 0;
@@ -118,56 +92,38 @@ void rewrite(ListView& list, int cell, Rule rule, Loans& loans) {
             longest = std::max(longest, item->CellView(cell).size());
     }
     DateSortText dates;
-    for (ListItem* item : list.ListItems) {
+    QString scratch;
+    for (const ListItem* item : list.ListItems) {
         // A row without this cell sorts as a blank one, by its kind and its text.
-        if (cell >= item->CellCount()) loans.shortRows.emplace_back(item, item->CellCount());
-        const QString text = item->CellText(cell);
-        QString tag = item->CellTag(cell);
-        if (!tag.isEmpty()) loans.tags.emplace_back(item, std::move(tag));
-        item->SetCellTag(cell, text);
-
-        sortText.truncate(0);
-        sortText += item->Tag();
+        const QStringView text = item->CellView(cell);
+        const QStringView name = item->CellView(0);
+        QString sortText;
         switch (rule) {
         case Rule::Date:
         case Rule::Number:
+            scratch.truncate(0);
             // A blank stays a blank, which sorts before every date and number.
             if (isBlank(text))
-                sortText += QLatin1Char(' ');
-            else if (!(rule == Rule::Date ? dates.Append(text, sortText)
-                                          : AppendNumberSortText(text, sortText)))
-                continue; // a text that is no date or number is left as it stands
+                scratch += QLatin1Char(' ');
+            else if (!(rule == Rule::Date ? dates.Append(text, scratch) : AppendNumberSortText(text, scratch))) {
+                keys.Add(text); // a text that is no date or number sorts as it stands
+                continue;
+            }
+            sortText.reserve(item->Tag().size() + scratch.size() + name.size());
+            sortText += item->Tag();
+            sortText += scratch;
             break;
         default:
+            sortText.reserve(item->Tag().size() + longest + name.size());
+            sortText += item->Tag();
             sortText += text;
             sortText.resize(sortText.size() + (longest - text.size()), QLatin1Char(' '));
             break;
         }
-        sortText += item->CellView(0);
-        item->SetCellText(cell, sortText);
+        sortText += name;
+        keys.Add(std::move(sortText));
     }
-}
-
-void restore(ListView& list, int cell, Rule rule, const Loans& loans) {
-    if (rule == Rule::Name) {
-        QString text;
-        for (ListItem* item : list.ListItems) {
-            const QStringView sorted = item->CellView(0);
-            text.truncate(0);
-            text += sorted.startsWith(item->Tag()) ? sorted.mid(item->Tag().size()) : sorted;
-            item->SetCellText(0, text);
-        }
-        return;
-    }
-    for (ListItem* item : list.ListItems) {
-        if (cell >= item->CellCount()) continue;
-        item->SetCellText(cell, item->CellTag(cell));
-        item->SetCellTag(cell, QString());
-    }
-    for (const auto& [item, tag] : loans.tags)
-        item->SetCellTag(cell, tag);
-    for (const auto& [item, count] : loans.shortRows)
-        dropCellsFrom(item, count);
+    return keys;
 }
 
 // Sorts `list` by column Sort: the same column again reverses the order, another column starts
@@ -187,16 +143,9 @@ void SortRekey(ListView& list, int Sort, const RuleWords& words, bool EnsVis) {
 
     PointerBlock hourglass(list);
     const Rule rule = ruleOf(list.ColumnHeaders.Item(cell + 1), cell, words);
-    Loans loans;
     {
         ListUpdate block(list);
-        rewrite(list, cell, rule, loans);
-        list.SetSorted(true); // the rows are sorted as the block ends
-    }
-    list.SetSorted(false);
-    {
-        ListUpdate block(list);
-        restore(list, cell, rule, loans);
+        list.SortByKeys(sortKeys(list, cell, rule));
     }
     if (EnsVis) {
         if (ListItem* selected = list.SelectedItem()) selected->EnsureVisible();

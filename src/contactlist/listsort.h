@@ -1,10 +1,10 @@
 #pragma once
-// The sorts of the program's lists. The list control sorts by text only, so a sort rewrites the
-// cells of its column for the length of the sort: the row's kind letter (its Tag, "a" for a node
+// The sorts of the program's lists. The list control sorts by text, so a sort gives each row a
+// sort text made from its cell in the column: the row's kind letter (its Tag, "a" for a node
 // before "b" for a contact) first, then the cell in a form whose text order is the wanted order
 // (dates as yyyyMMddHHmmss, numbers with thirty zero-padded digits each side of the point, texts
 // padded with blanks to the longest), then the row's own text, so that ties fall to the name. The
-// cell's text waits in its Tag meanwhile; afterwards every text and Tag is as it was.
+// cells, their Tags and their number are left as they were.
 //
 // A click on the column in force reverses the order; a click on another column sorts it ascending.
 // The column gets the sort arrow of its order in its header, every other column none.

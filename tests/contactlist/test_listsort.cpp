@@ -148,6 +148,21 @@ TEST_F(ListSortTest, AddedSortsByDateWhateverTheDisplayPattern) {
     }
 }
 
+TEST_F(ListSortTest, ValuesThatAreNoDateOrNumberSortAsTheyStandAndSelectionStays) {
+    contact(u"Ann"_s, {{"ContactNumber", 4}});
+    contact(u"Bob"_s, {{"ContactNumber", 9}});
+    contact(u"Cat"_s, {{"ContactNumber", 30}});
+    fill();
+    // A cell someone wrote by hand: its bare text, without the kind letter, decides its place.
+    list->ListItems(u"ID2"_s)->SetCellText(mLV::cellID, u"aa"_s);
+    list->SetSelectedItem(list->ListItems(u"ID1"_s));
+    list->SetSortKey(0);
+    EXPECT_EQ(sortBy(mLV::cellID), u"Bob Ann Cat"_s);
+    EXPECT_EQ(list->ListItems(u"ID2"_s)->CellText(mLV::cellID), u"aa"_s);
+    EXPECT_EQ(list->SelectedItem()->Key(), u"ID1"_s);
+    EXPECT_FALSE(list->Sorted());
+}
+
 TEST_F(ListSortTest, HeaderArrowAndArrangeEntryFollowTheColumn) {
     std::map<int, bool> checks;
     mLV::Hooks().SetCommandChecked = [&](int id, bool checked) { checks[id] = checked; };

@@ -48,7 +48,9 @@ TEST_F(FilesOnDisk, FreeSpaceOfAFileNotYetMade) {
     const QString detailed = mDrive::GetFreeSpace(future, true);
     EXPECT_TRUE(QRegularExpression(QStringLiteral("^[0-9,]+ bytes \\(.+\\)$")).match(detailed).hasMatch())
         << detailed.toStdString();
-    EXPECT_TRUE(detailed.startsWith(mDrive::GetFreeSpace(future, false) + QStringLiteral(" (")));
+    // The short form is the detailed one without its rounded part (free space moves between calls,
+    // so only the shape is compared).
+    EXPECT_TRUE(QRegularExpression(QStringLiteral("^[0-9,]+ bytes$")).match(mDrive::GetFreeSpace(future, false)).hasMatch());
     EXPECT_EQ(mDrive::GetFreeSpace(QString(), true), QString());
 }
 

@@ -216,6 +216,87 @@ TEST(ListView, KindLetterAndPaddingOrderRowsAsTheSortPassWritesThem) {
     EXPECT_EQ(keysInOrder(lv), QStringList({"ID2", "ID1", "ID3", "ID7E"}));
 }
 
+TEST(ListView, RowAddedWholeMatchesRowAddedCellByCell) {
+    ListView lv;
+    fillPeople(lv);
+    ListRowCells cells;
+    cells.Add(u"Ann Berg");
+    cells.Add(u"");
+    cells.Add(u"5");
+    ListItem* ann = lv.ListItems.Add("ID5", cells, QString(), "BOR");
+    EXPECT_EQ(ann->CellCount(), 3);
+    EXPECT_EQ(ann->Text(), "Ann Berg");
+    EXPECT_EQ(ann->SubItems(1), "");
+    EXPECT_EQ(ann->SubItems(2), "5");
+    EXPECT_EQ(ann->SmallIcon(), "BOR");
+    EXPECT_EQ(ann->Index(), 5);
+    // A row made whole can be rewritten and grown like any other.
+    ann->SetSubItems(1, "Lyon");
+    ann->ListSubItems.Add("extra");
+    EXPECT_EQ(ann->SubItems(1), "Lyon");
+    EXPECT_EQ(ann->SubItems(2), "5");
+    EXPECT_EQ(ann->SubItems(3), "extra");
+
+    // The cells are reused for the next row; a key already there is refused and changes nothing.
+    cells.Clear();
+    cells.Add(u"Copy");
+    int number = 0;
+    try {
+        lv.ListItems.Add("ID3", cells);
+    } catch (const HuntERR::Error& e) {
+        number = e.Number();
+    }
+    EXPECT_EQ(number, 35602);
+    EXPECT_EQ(lv.ListItems.Count(), 5);
+    EXPECT_EQ(lv.ListItems("ID3")->Text(), "Marta Rossi");
+
+    // While Sorted, the row goes to its place; after a Clear the list fills again by key.
+    lv.SetSorted(true);
+    EXPECT_EQ(lv.ListItems.Add("ID6", cells)->Index(), 4); // after "Bo Larsen"
+    lv.ListItems.Clear();
+    lv.SetSorted(false);
+    for (int n = 1; n <= 50; ++n) {
+        cells.Clear();
+        cells.Add(QString::number(n));
+        lv.ListItems.Add(QStringLiteral("ID%1").arg(n), cells);
+    }
+    EXPECT_EQ(lv.ListItems("ID50")->Index(), 50);
+    EXPECT_EQ(lv.ListItems("ID7")->Text(), "7");
+}
+
+TEST(ListView, SortByGivenKeysLeavesCellsAndSortedAlone) {
+    ListView lv;
+    fillPeople(lv);
+    lv.SetSelectedItem(lv.ListItems("ID3"));
+    // Keys for rows 1..4 in their present order; two are equal and keep their order.
+    auto keysFor = [](std::initializer_list<const char*> texts) {
+        TextOrder::Keys keys;
+        for (const char* t : texts)
+            keys.Add(QString::fromLatin1(t));
+        return keys;
+    };
+    QSignalSpy resets(lv.model(), &QAbstractItemModel::modelReset);
+    lv.BeginUpdate();
+    lv.SortByKeys(keysFor({"c", "B", "a", "b"}));
+    lv.EndUpdate();
+    EXPECT_EQ(resets.count(), 1);
+    EXPECT_EQ(keysInOrder(lv), QStringList({"ID3", "ID2", "ID4", "ID1"}));
+    EXPECT_FALSE(lv.Sorted());
+    EXPECT_EQ(lv.ListItems("ID2")->SubItems(2), "12");
+    EXPECT_EQ(lv.ListItems("ID4")->Index(), 3);
+    EXPECT_EQ(lv.SelectedItem()->Key(), "ID3");
+
+    // Outside a block the view follows at once; descending reverses, equal keys still in order.
+    lv.SetSortOrder(lvwDescending);
+    lv.SortByKeys(keysFor({"a", "b", "b", "c"}));
+    EXPECT_EQ(keysInOrder(lv), QStringList({"ID1", "ID2", "ID4", "ID3"}));
+    EXPECT_EQ(lv.model()->data(lv.model()->index(0, 0)).toString(), "Zoe Weber");
+    EXPECT_EQ(lv.SelectedItem()->Key(), "ID3");
+    // Keys that do not match the rows are ignored.
+    lv.SortByKeys(keysFor({"z", "a"}));
+    EXPECT_EQ(keysInOrder(lv), QStringList({"ID1", "ID2", "ID4", "ID3"}));
+}
+
 TEST(ListView, SelectionFollowsRowsAndClearsToNothing) {
     ListView lv;
     fillPeople(lv);

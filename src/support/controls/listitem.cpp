@@ -13,6 +13,12 @@ ListItem::ListItem(ListView* view, int row, const QString& key, const QString& t
     m_ends.push_back(quint32(m_text.size()));
 }
 
+ListItem::ListItem(ListView* view, int row, const QString& key, const ListRowCells& cells)
+    : ListSubItems(this), m_view(view), m_row(row), m_key(key),
+      m_text(cells.m_text.constData(), cells.m_text.size()), m_ends(cells.m_ends) {
+    if (m_ends.empty()) m_ends.push_back(0);
+}
+
 ListItem::~ListItem() = default;
 
 void ListItem::changed(int column) {

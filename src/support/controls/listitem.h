@@ -13,6 +13,26 @@
 
 class ListView;
 
+// The cell texts of a row being made, to add the row with all its cells at once
+// (ListItemCollection::Add). Reused from row to row, it keeps its room.
+class ListRowCells {
+  public:
+    void Clear() {
+        m_text.truncate(0);
+        m_ends.clear();
+    }
+    void Add(QStringView text) {
+        m_text.append(text);
+        m_ends.push_back(quint32(m_text.size()));
+    }
+    int Count() const { return int(m_ends.size()); }
+
+  private:
+    friend class ListItem;
+    QString m_text;
+    std::vector<quint32> m_ends;
+};
+
 class ListItem {
   public:
     const QString& Key() const { return m_key; }
@@ -74,6 +94,7 @@ class ListItem {
 
     ListItem(ListView* view, int row, const QString& key, const QString& text, int reserveChars,
              int reserveCells);
+    ListItem(ListView* view, int row, const QString& key, const ListRowCells& cells);
     ~ListItem();
     ListItem(const ListItem&) = delete;
     ListItem& operator=(const ListItem&) = delete;

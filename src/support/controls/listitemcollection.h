@@ -6,6 +6,7 @@
 #include <vector>
 
 class ListItem;
+class ListRowCells;
 class ListView;
 
 class ListItemCollection {
@@ -21,6 +22,12 @@ class ListItemCollection {
                   const QString& smallIcon = QString()) {
         return Add(0, key, text, icon, smallIcon);
     }
+
+    // Adds a row with all its cells at once, at the end (or at its place while Sorted): the
+    // first text of `cells` is the item text, the others its sub-items. The same as Add and a
+    // ListSubItems.Add for each further cell, made in one go.
+    ListItem* Add(const QString& key, const ListRowCells& cells, const QString& icon = QString(),
+                  const QString& smallIcon = QString());
 
     // By key (nullptr when absent) and by place from 1 (nullptr outside 1..Count).
     ListItem* Item(const QString& key) const { return m_byKey.value(key, nullptr); }
@@ -47,10 +54,12 @@ class ListItemCollection {
     ListItemCollection(const ListItemCollection&) = delete;
     ListItemCollection& operator=(const ListItemCollection&) = delete;
     void renumber(int from);
+    ListItem* insert(ListItem* item, int row);
 
     ListView* m_view;
     std::vector<ListItem*> m_rows;
     QHash<QString, ListItem*> m_byKey;
     int m_lastChars = 0; // size of the last row made, to size the next one
     int m_lastCells = 0;
+    int m_lastCount = 0; // rows before the last Clear: a refill makes room for as many at once
 };

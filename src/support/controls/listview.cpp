@@ -84,14 +84,24 @@ void ListView::sortRows() {
 }
 
 void ListView::sortNow(bool tellView) {
+    if (ListItems.Count() < 2) return;
+    // One collation key per row, then a stable sort of the row numbers by key.
+    TextOrder::Keys keys;
+    keys.Reserve(size_t(ListItems.Count()));
+    for (const ListItem* r : ListItems)
+        keys.Add(r->CellView(m_sortKey));
+    sortNow(tellView, keys);
+}
+
+void ListView::SortByKeys(const TextOrder::Keys& keys) {
+    if (keys.Count() != size_t(ListItems.Count())) return;
+    sortNow(m_updates == 0, keys);
+}
+
+void ListView::sortNow(bool tellView, const TextOrder::Keys& keys) {
     std::vector<ListItem*>& rows = ListItems.m_rows;
     const size_t n = rows.size();
     if (n < 2) return;
-    // One collation key per row, then a stable sort of the row numbers by key.
-    TextOrder::Keys keys;
-    keys.Reserve(n);
-    for (const ListItem* r : rows)
-        keys.Add(r->CellText(m_sortKey));
     std::vector<int> order(n);
     std::iota(order.begin(), order.end(), 0);
     const bool desc = m_sortOrder == lvwDescending;
@@ -99,7 +109,6 @@ void ListView::sortNow(bool tellView) {
         const int c = keys.Compare(size_t(a), size_t(b));
         return desc ? c > 0 : c < 0;
     });
-    keys = TextOrder::Keys();
     bool same = true;
     for (size_t i = 0; i < n && same; ++i)
         same = order[i] == int(i);

@@ -9,6 +9,7 @@
 #include "support/controls/columnheadercollection.h"
 #include "support/controls/listitem.h"
 #include "support/controls/listitemcollection.h"
+#include "support/controls/textorder.h"
 
 #include <QPoint>
 #include <QString>
@@ -44,6 +45,10 @@ class ListView : public QTreeView {
     void SetSortKey(int column);
     int SortOrder() const { return m_sortOrder; }
     void SetSortOrder(int order); // a ListSortOrder
+    // Sorts the rows once in SortOrder by keys made for them instead of by their cells: `keys`
+    // holds one key per row, in the present order of the rows. Equal keys keep their order;
+    // Sorted stays as it is. Inside a BeginUpdate block the view hears of it at EndUpdate.
+    void SortByKeys(const TextOrder::Keys& keys);
 
     // The selected row, nullptr for none: the current row when it is selected, else the first
     // selected row. Setting selects that row alone; nullptr clears the selection.
@@ -148,6 +153,7 @@ class ListView : public QTreeView {
 
     void sortRows();
     void sortNow(bool tellView);
+    void sortNow(bool tellView, const TextOrder::Keys& keys);
     void placeRow(ListItem* item);
     bool before(const QString& a, const QString& b) const;
     void onSectionResized(int logical, int oldSize, int newSize);

@@ -46,6 +46,14 @@ void Keys::Add(const QString& text) {
         m_keys.push_back(o.collator.sortKey(text));
 }
 
+void Keys::Add(QString&& text) {
+    const Order& o = order();
+    if (o.plain)
+        m_folded.push_back(std::move(text).toCaseFolded());
+    else
+        m_keys.push_back(o.collator.sortKey(text));
+}
+
 int Keys::Compare(size_t i, size_t j) const {
     if (!m_folded.empty()) return QString::compare(m_folded[i], m_folded[j], Qt::CaseSensitive);
     return m_keys[i].compare(m_keys[j]);

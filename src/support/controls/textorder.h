@@ -5,6 +5,7 @@
 
 #include <QCollatorSortKey>
 #include <QString>
+#include <QStringView>
 #include <vector>
 
 namespace TextOrder {
@@ -18,6 +19,9 @@ class Keys {
   public:
     void Reserve(size_t n);
     void Add(const QString& text);
+    void Add(QStringView text) { Add(text.toString()); }
+    void Add(QString&& text); // may reuse the room of `text`
+    size_t Count() const { return m_folded.size() + m_keys.size(); }
     int Compare(size_t i, size_t j) const;
 
   private:
