@@ -59,7 +59,10 @@ int main(int argc, char** argv) {
     auto& cases = bench::Registry();
     std::stable_sort(cases.begin(), cases.end(), [](const bench::Case& a, const bench::Case& b) { return a.order < b.order; });
     std::printf("%-58s %7s  %12s\n", "what", "size", "median");
-    for (int contacts : {10000, 100000}) {
+    const QList<int> sizes = qEnvironmentVariableIsSet("KELVARIN_BENCH_SIZE")
+                                 ? QList<int>{qEnvironmentVariableIntValue("KELVARIN_BENCH_SIZE")}
+                                 : QList<int>{10000, 100000};
+    for (int contacts : sizes) {
         bench::Context ctx;
         ctx.contacts = contacts;
         ctx.phonebook = dir.filePath(QStringLiteral("bench-%1.kvdb").arg(contacts));
@@ -74,7 +77,10 @@ int main(int argc, char** argv) {
         bench::Generate(contacts);
         bench::Report(QStringLiteral("generate contacts through the store (one transaction)"), contacts,
                       timer.nsecsElapsed() / 1e6);
-        for (const bench::Case& c : cases) c.run(ctx);
+        // KELVARIN_BENCH_ONLY=<text> runs only the cases whose name holds that text.
+        const QString only = qEnvironmentVariable("KELVARIN_BENCH_ONLY");
+        for (const bench::Case& c : cases)
+            if (only.isEmpty() || QString::fromUtf8(c.name).contains(only, Qt::CaseInsensitive)) c.run(ctx);
         mMain::Closing();
     }
     std::printf("peak resident memory: %.0f MB\n", bench::PeakRssMb());
