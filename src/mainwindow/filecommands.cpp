@@ -4,12 +4,11 @@
 #include "core/error.h"
 #include "core/globals.h"
 #include "core/language.h"
-#include "core/seams.h"
 #include "mainwindow/form1.h"
+#include "phonebook/fileerrors.h"
 #include "phonebook/login.h"
 #include "preferences/mru.h"
 #include "preferences/settings.h"
-#include "support/helpers/drives.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -36,20 +35,9 @@ void Form1::mnuFileNew_Click() {
     try {
         fileNew();
     } catch (const HuntERR::Error& e) {
-        switch (e.Number()) {
-        case 3343: MsgBox(msgNotADatabaseFileOrCorrupted, vb::vbOKOnly, vb::vbCritical); break;
-        case 75:
-        case 70:
-        case 3051:
-        case 3356: MsgBox(msgAccessDenied, vb::vbOKOnly, vb::vbCritical); break;
-        case 61:
-        case 3799:
-        case 3026:
-            MsgBox(msgNotEnoughFreeSpace + QLatin1Char('\n') + msgFreeSpace + mDrive::GetFreeSpace(gDBPath, true), vb::vbOKOnly,
-                   vb::vbCritical);
-            break;
-        default: throw;
-        }
+        const mAccess::FileErrorFamily family = mAccess::FileErrorFamilyOf(e.Number());
+        if (family == mAccess::FileErrorFamily::None) throw;
+        mAccess::ShowFileError(family, msgNotEnoughFreeSpace, gDBPath);
         HuntERR::ClearPendingStack();
     }
 }

@@ -1,6 +1,7 @@
 #include "core/error.h"
 #include "core/globals.h"
 #include "core/language.h"
+#include "core/mmain.h"
 #include "mainwindow/form1.h"
 #include "phonebook/login.h"
 #include "preferences/preferences.h"
@@ -39,12 +40,7 @@ void Disconnect() {
         gForm1->ListView1->SetTag(QString());
         gForm1->CatTree->SetTag(QString());
     }
-    if (gDBOpen || gDB.isOpen()) gDB.Close();
-    gDBOpen = false;
-    if (gWSOpen) gWS.Close();
-    gWSOpen = false;
-    gDB = dao::Database();
-    gWS = dao::Workspace();
+    mMain::Closing();
 }
 
 void NotConnected(bool mode) {

@@ -3,9 +3,9 @@
 #include "core/error.h"
 #include "core/globals.h"
 #include "core/language.h"
-#include "core/seams.h"
+#include "core/mmain.h"
+#include "phonebook/fileerrors.h"
 #include "phonebook/schema.h"
-#include "support/helpers/drives.h"
 #include "support/helpers/files.h"
 #include "support/helpers/paths.h"
 #include "trees/catpath.h"
@@ -100,38 +100,13 @@ int CreateDB(const QString& sBaseName, bool FromStart) {
         gFileReadOnly = false;
         return 1;
     } catch (const HuntERR::Error& e) {
-        if (gDBOpen) {
-            gDB.Close();
-            gDB = dao::Database();
-            gDBOpen = false;
-        }
-        if (gWSOpen) {
-            gWS.Close();
-            gWS = dao::Workspace();
-            gWSOpen = false;
-        }
+        mMain::Closing();
         if (QFile::exists(sBaseName)) QFile::remove(sBaseName);
         const bool show = !isDefault || !FromStart;
-        switch (e.Number()) {
-        case 3343:
-            if (show) MsgBox(msgNotADatabaseFileOrCorrupted, vb::vbOKOnly, vb::vbCritical);
-            return -1;
-        case 75:
-        case 70:
-        case 3051:
-        case 3356:
-            if (show) MsgBox(msgAccessDenied, vb::vbOKOnly, vb::vbCritical);
-            return -1;
-        case 61:
-        case 3799:
-        case 3026:
-            if (show)
-                MsgBox(msgCannotCreatePhonebookNoSpace + QLatin1Char('\n') + msgFreeSpace +
-                           mDrive::GetFreeSpace(sBaseName, true),
-                       vb::vbOKOnly, vb::vbCritical);
-            return -1;
-        default: throw;
-        }
+        const FileErrorFamily family = FileErrorFamilyOf(e.Number());
+        if (family == FileErrorFamily::None) throw;
+        if (show) ShowFileError(family, msgCannotCreatePhonebookNoSpace, sBaseName);
+        return -1;
     }
 }
 

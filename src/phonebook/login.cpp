@@ -4,10 +4,10 @@
 #include "core/errorreport.h"
 #include "core/globals.h"
 #include "core/language.h"
-#include "core/seams.h"
+#include "core/mmain.h"
 #include "phonebook/createdb.h"
+#include "phonebook/fileerrors.h"
 #include "phonebook/upgrade.h"
-#include "support/helpers/drives.h"
 
 using namespace mLanguageGobals;
 
@@ -15,15 +15,6 @@ namespace mLogin {
 
 namespace {
 const QString kConnect = QStringLiteral(";pwd=vorla");
-
-void closeObjects() {
-    if (gDBOpen || gDB.isOpen()) gDB.Close();
-    gDB = dao::Database();
-    gDBOpen = false;
-    if (gWSOpen) gWS.Close();
-    gWS = dao::Workspace();
-    gWSOpen = false;
-}
 } // namespace
 
 bool LoginCnn(bool FromStart) {
@@ -51,21 +42,10 @@ bool LoginCnn(bool FromStart) {
         mAccess::UpgradeChain();
         return true;
     } catch (const HuntERR::Error& e) {
-        closeObjects();
-        switch (e.Number()) {
-        case 3343: MsgBox(msgNotADatabaseFileOrCorrupted, vb::vbOKOnly, vb::vbCritical); break;
-        case 75:
-        case 70:
-        case 3051:
-        case 3356: MsgBox(msgAccessDenied, vb::vbOKOnly, vb::vbCritical); break;
-        case 61:
-        case 3799:
-        case 3026:
-            MsgBox(msgCannotOpenPhonebookNoSpace + QLatin1Char('\n') + msgFreeSpace + mDrive::GetFreeSpace(gDBPath, true),
-                   vb::vbOKOnly, vb::vbCritical);
-            break;
-        default: HuntERR::Report(e, "mLogin.LoginCnn(FromStart)"); break;
-        }
+        mMain::Closing();
+        const mAccess::FileErrorFamily family = mAccess::FileErrorFamilyOf(e.Number());
+        if (family == mAccess::FileErrorFamily::None) HuntERR::Report(e, "mLogin.LoginCnn(FromStart)");
+        else mAccess::ShowFileError(family, msgCannotOpenPhonebookNoSpace, gDBPath);
         HuntERR::ClearPendingStack();
         return false;
     }
