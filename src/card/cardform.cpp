@@ -4,6 +4,7 @@
 #include "card/cardentries.h"
 #include "card/cardhooks.h"
 #include "card/cardrecord.h"
+#include "phonebook/lookups.h"
 #include "card/cardtext.h"
 #include "contactlist/listfill.h"
 #include "core/errorreport.h"
@@ -640,7 +641,7 @@ void CardForm::UpdateRecord(bool pAdd) {
     if (pAdd) {
         const qint32 id = mCard::NextContactID();
         rs = gDB.OpenRecordset(QStringLiteral("Select * From CDs WHERE IDCD = -1"));
-        const QString number = mCard::GetMaxNumber();
+        const QString number = mCommon::GetMaxNumber();
         rs.AddNew();
         rs.SetValue(QStringLiteral("IDCD"), id);
         CardKey = QString::number(id);

@@ -43,12 +43,6 @@ qint32 NextContactID() {
     return (maxID.isNull() ? 0 : maxID.toInt()) + 1;
 }
 
-QString GetMaxNumber() {
-    HUNT_PLACE("mCard.GetMaxNumber");
-    const QVariant maxN = maxValue(QStringLiteral("SELECT Max(ContactNumber) AS maxN FROM Cds"));
-    return QString::number((maxN.isNull() ? 0 : maxN.toLongLong()) + 1);
-}
-
 void WriteContactRow(ListItem& row, const CardRowTexts& t) {
     const QVariant empty = QVariant(QString());
     row.SetText(t.FullName);

@@ -27,8 +27,6 @@ void WriteCardFields(dao::Recordset& rs, const CardFields& fields);
 
 // The next IDCD: the highest + 1, 1 in an empty phonebook. An id freed at the top is used again.
 qint32 NextContactID();
-// The next ContactNumber, as text: the highest + 1, "1" in an empty phonebook.
-QString GetMaxNumber();
 
 // What the card shows of a contact in its list row, each text as it goes into its cell.
 struct CardRowTexts {

@@ -36,4 +36,12 @@ QString GetElementPath(const QString& Key, bool& InsideArchive) {
     return path;
 }
 
+QString GetMaxNumber() {
+    HUNT_PLACE("mCommon.GetMaxNumber");
+    dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT Max(ContactNumber) AS maxN FROM CDs"), dao::dbOpenSnapshot);
+    const QVariant maxN = rs.AtEOF() ? QVariant() : rs.Value(0);
+    rs.Close();
+    return QString::number((maxN.isNull() ? 0 : maxN.toLongLong()) + 1);
+}
+
 } // namespace mCommon
