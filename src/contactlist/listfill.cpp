@@ -45,16 +45,53 @@ QString text(const QVariant& v) {
     return mCommon::Nz(v, kEmpty).toString();
 }
 
-// Removes the blanks at both ends in place, as a text cell is trimmed (other white space stays).
-void trimBlanks(QString& s) {
+// Removes the blanks at both ends of the text from `start` on, in place, as a text cell is
+// trimmed (other white space stays).
+void trimBlanks(QString& s, qsizetype start) {
     qsizetype end = s.size();
-    while (end > 0 && s.at(end - 1) == QLatin1Char(' '))
+    while (end > start && s.at(end - 1) == QLatin1Char(' '))
         --end;
     s.truncate(end);
-    qsizetype start = 0;
-    while (start < s.size() && s.at(start) == QLatin1Char(' '))
-        ++start;
-    if (start > 0) s.remove(0, start);
+    qsizetype first = start;
+    while (first < s.size() && s.at(first) == QLatin1Char(' '))
+        ++first;
+    if (first > start) s.remove(start, first - start);
+}
+
+bool isLineBreak(QChar c) {
+    return c == QLatin1Char('\r') || c == QLatin1Char('\n');
+}
+
+// The text from `start` on as one line, as a multi-line cell shows it: the first line and " ..."
+// when there are more.
+void keepFirstLine(QString& s, qsizetype start) {
+    for (qsizetype i = start; i < s.size(); ++i) {
+        if (isLineBreak(s.at(i))) {
+            s.truncate(i);
+            s += QLatin1String(" ...");
+            return;
+        }
+    }
+}
+
+// The text from `start` on as one line, as an address cell shows it: ", " for each line break,
+// a CR LF pair being one.
+void joinLines(QString& s, qsizetype start) {
+    qsizetype i = start;
+    while (i < s.size() && !isLineBreak(s.at(i)))
+        ++i;
+    if (i == s.size()) return;
+    const QString rest = s.mid(i);
+    s.truncate(i);
+    for (qsizetype k = 0; k < rest.size(); ++k) {
+        const QChar c = rest.at(k);
+        if (isLineBreak(c)) {
+            s += QLatin1String(", ");
+            if (c == QLatin1Char('\r') && k + 1 < rest.size() && rest.at(k + 1) == QLatin1Char('\n')) ++k;
+        } else {
+            s += c;
+        }
+    }
 }
 
 int fieldIndex(const dao::Recordset& rs, const QString& name) {
@@ -138,51 +175,58 @@ ListFields::ListFields(const dao::Recordset& rs)
 
 void AddDriveRecord(ListView& ListView2, const dao::Recordset& rstWork, const ListFields& f) {
     HUNT_PLACE("mLV.AddDriveRecord(rstWork)");
-    QString& scratch = f.Scratch;
-    char keyText[24];
-    const int keyLength =
-        std::snprintf(keyText, sizeof keyText, "ID%lld", rstWork.Value(f.IDCD).toLongLong());
-    const QString key = QString::fromLatin1(keyText, keyLength);
+    char digits[24];
+    int length = std::snprintf(digits, sizeof digits, "ID%lld", static_cast<long long>(rstWork.LongAt(f.IDCD)));
+    const QString key = QString::fromLatin1(digits, length);
+
+    // Each cell is written straight into the row's text.
     ListRowCells& cells = f.Row;
     cells.Clear();
-    cells.Add(text(rstWork.Value(f.FullName)));
-    cells.Add(text(rstWork.Value(f.Title)));
-    cells.Add(text(rstWork.Value(f.Company)));
-    cells.Add(text(rstWork.Value(f.Cat)));
-    cells.Add(text(rstWork.Value(f.Bor)));
-    cells.Add(mCommon::NzMultiline2(rstWork.Value(f.Address), kEmpty).toString());
-    cells.Add(text(rstWork.Value(f.City)));
-    cells.Add(text(rstWork.Value(f.State)));
-    cells.Add(text(rstWork.Value(f.Zip)));
-    cells.Add(mCommon::NzMultiline(rstWork.Value(f.Comment), kEmpty).toString());
-    const qlonglong number = rstWork.Value(f.ContactNumber).toLongLong(); // Null reads as 0
-    cells.Add(number == 0 ? kBlank : QString::number(number));
+    QString& row = cells.Text();
+    const auto textCell = [&](int field) {
+        rstWork.AppendText(field, row);
+        cells.EndCell();
+    };
+    textCell(f.FullName);
+    textCell(f.Title);
+    textCell(f.Company);
+    textCell(f.Cat);
+    textCell(f.Bor);
+    if (rstWork.AppendText(f.Address, row)) joinLines(row, cells.CellStart());
+    cells.EndCell();
+    textCell(f.City);
+    textCell(f.State);
+    textCell(f.Zip);
+    if (rstWork.AppendText(f.Comment, row)) keepFirstLine(row, cells.CellStart());
+    cells.EndCell();
+    const qint64 number = rstWork.LongAt(f.ContactNumber); // Null reads as 0
+    if (number == 0) {
+        row += kBlank;
+    } else {
+        length = std::snprintf(digits, sizeof digits, "%lld", static_cast<long long>(number));
+        row += QLatin1String(digits, length);
+    }
+    cells.EndCell();
     // The date as TimeCorrectView shows it, written by the learnt shape where it can be. The
     // phonebook hands dates over as local wall times with the local offset of their hour, so
     // their own date and time are what the local time shows.
-    const QVariant scanned = rstWork.Value(f.DateScan);
-    scratch.truncate(0);
-    if (scanned.typeId() == QMetaType::QDateTime) {
-        const QDateTime& at = *static_cast<const QDateTime*>(scanned.constData());
-        f.Added.Append(at.date(), at.time(), scratch);
-    }
-    cells.Add(scratch.isEmpty() ? mCommon::TimeCorrectView(scanned) : scratch);
-    cells.Add(text(rstWork.Value(f.Box)));
+    QDate date;
+    QTime time;
+    if (rstWork.DateAt(f.DateScan, date, time)) f.Added.Append(date, time, row);
+    if (row.size() == cells.CellStart()) row += mCommon::TimeCorrectView(rstWork.Value(f.DateScan));
+    cells.EndCell();
+    textCell(f.Box);
 
     // "Type: number", trimmed; most slots are empty and give an empty cell.
-    QString& info = scratch;
     for (int k = 0; k < 12; ++k) {
-        info.truncate(0);
-        const QVariant type = rstWork.Value(f.T[k]);
-        if (!type.isNull()) {
-            info += type.toString();
-            info += QLatin1Char(':');
+        if (!rstWork.IsNull(f.T[k])) {
+            rstWork.AppendText(f.T[k], row);
+            row += QLatin1Char(':');
         }
-        info += QLatin1Char(' ');
-        const QVariant value = rstWork.Value(f.Number[k]);
-        if (!value.isNull()) info += value.toString();
-        trimBlanks(info);
-        cells.Add(info);
+        row += QLatin1Char(' ');
+        rstWork.AppendText(f.Number[k], row);
+        trimBlanks(row, cells.CellStart());
+        cells.EndCell();
     }
     ListItem* item = ListView2.ListItems.Add(key, cells, QString(), kContactIcon);
     item->SetTag(kContactTag);

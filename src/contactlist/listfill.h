@@ -40,7 +40,7 @@ enum ListCell : int {
 QString ListQuery();
 
 // What writing contact rows needs once per recordset rather than once per row: the places of the
-// fields, the shape of the dates shown, the cells of the row being made and a scratch text.
+// fields, the shape of the dates shown and the cells of the row being made.
 struct ListFields {
     explicit ListFields(const dao::Recordset& rs); // throws 3265 when a field is missing
     int IDCD, FullName, Title, Company, Cat, Bor, Address, City, State, Zip, Comment, ContactNumber, DateScan,
@@ -49,7 +49,6 @@ struct ListFields {
     int Number[12];
     ShownDate Added;
     mutable ListRowCells Row;
-    mutable QString Scratch;
 };
 
 // Rebuilds the list for letter tab DType ("ALL", a letter, "NUM", "UNK") and node CType of the

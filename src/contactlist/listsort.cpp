@@ -74,14 +74,13 @@ class PointerBlock {
 TextOrder::Keys sortKeys(const ListView& list, int cell, Rule rule) {
     TextOrder::Keys keys;
     keys.Reserve(size_t(list.ListItems.Count()));
+    QString sortText; // reused from row to row
     if (rule == Rule::Name) {
         for (const ListItem* item : list.ListItems) {
-            const QStringView name = item->CellView(0);
-            QString sortText;
-            sortText.reserve(item->Tag().size() + name.size());
+            sortText.truncate(0);
             sortText += item->Tag();
-            sortText += name;
-            keys.Add(std::move(sortText));
+            sortText += item->CellView(0);
+            keys.Add(sortText);
         }
         return keys;
     }
@@ -97,7 +96,7 @@ TextOrder::Keys sortKeys(const ListView& list, int cell, Rule rule) {
         // A row without this cell sorts as a blank one, by its kind and its text.
         const QStringView text = item->CellView(cell);
         const QStringView name = item->CellView(0);
-        QString sortText;
+        sortText.truncate(0);
         switch (rule) {
         case Rule::Date:
         case Rule::Number:
@@ -109,19 +108,17 @@ TextOrder::Keys sortKeys(const ListView& list, int cell, Rule rule) {
                 keys.Add(text); // a text that is no date or number sorts as it stands
                 continue;
             }
-            sortText.reserve(item->Tag().size() + scratch.size() + name.size());
             sortText += item->Tag();
             sortText += scratch;
             break;
         default:
-            sortText.reserve(item->Tag().size() + longest + name.size());
             sortText += item->Tag();
             sortText += text;
             sortText.resize(sortText.size() + (longest - text.size()), QLatin1Char(' '));
             break;
         }
         sortText += name;
-        keys.Add(std::move(sortText));
+        keys.Add(sortText);
     }
     return keys;
 }

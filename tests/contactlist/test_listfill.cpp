@@ -206,6 +206,30 @@ TEST_F(ListFillTest, RowsShowTheirFieldsInCatalogueOrder) {
     EXPECT_EQ(list->ListItems(u"ID2E"_s)->SmallIcon(), u"BOX"_s);
 }
 
+TEST_F(ListFillTest, CellsFoldBreaksTrimBlanksAndKeepAnyScript) {
+    set(carl, {{"FullName", u"\u0141ukasz \u00d6berg \u4e2d"_s},
+               {"Address", u"a\rb\n\nc\r\n"_s},
+               {"Comment", u"\nhidden"_s},
+               {"ContactNumber", 5000000000LL},
+               {"Type2", 3},
+               {"Number2", u"  12  "_s},
+               {"Number4", u" 9 "_s}});
+    set(dora, {{"Address", u"one line"_s}, {"Comment", u"as is "_s}, {"Number1", u"   "_s}});
+    show(u"Categories"_s, u"ALL"_s, u"ID0"_s);
+    const ListItem* c = row(carl);
+    EXPECT_EQ(c->Text(), u"\u0141ukasz \u00d6berg \u4e2d"_s);
+    EXPECT_EQ(c->CellText(mLV::cellAddress), u"a, b, , c, "_s);
+    EXPECT_EQ(c->CellText(mLV::cellComment), u" ..."_s);
+    EXPECT_EQ(c->CellText(mLV::cellID), u"5000000000"_s);
+    EXPECT_EQ(c->CellText(mLV::cellInfo1 + 1), u"Mobile phone:   12"_s);
+    EXPECT_EQ(c->CellText(mLV::cellInfo1 + 3), u"9"_s);
+    const ListItem* d = row(dora);
+    EXPECT_EQ(d->CellText(mLV::cellAddress), u"one line"_s);
+    EXPECT_EQ(d->CellText(mLV::cellComment), u"as is "_s);
+    EXPECT_EQ(d->CellText(mLV::cellInfo1), u""_s);
+    EXPECT_EQ(d->CellCount(), 25);
+}
+
 TEST_F(ListFillTest, ChildRowsAreAddedOnlyBelowTheRootInNormalMode) {
     show(u"Categories"_s, u"ALL"_s, u"ID3"_s);
     gDB.Execute(

@@ -80,6 +80,69 @@ TEST_F(Store, ValuesKeepTheirKindsThroughTheFile) {
     EXPECT_TRUE(scalar(QStringLiteral("SELECT Null Like 'a*' FROM CDs")).isNull());
 }
 
+// The typed reads of every field of the row a recordset stands on give what Value and Text give.
+void expectTypedReadsMatchValues(const dao::Recordset& rs) {
+    for (int i = 0; i < rs.FieldCount(); ++i) {
+        SCOPED_TRACE(rs.FieldName(i).toStdString());
+        const QVariant v = rs.Value(i);
+        EXPECT_EQ(rs.IsNull(i), v.isNull());
+        EXPECT_EQ(rs.LongAt(i), v.toLongLong());
+        QString out = QStringLiteral(">");
+        EXPECT_EQ(rs.AppendText(i, out), v.typeId() == QMetaType::QString);
+        EXPECT_EQ(out, QLatin1Char('>') + rs.Text(i));
+        QDate date;
+        QTime time;
+        const bool isDate = rs.DateAt(i, date, time);
+        ASSERT_EQ(isDate, v.typeId() == QMetaType::QDateTime);
+        if (isDate) {
+            EXPECT_EQ(date, v.toDateTime().date());
+            EXPECT_EQ(time, v.toDateTime().time());
+        }
+    }
+}
+
+TEST_F(Store, TypedReadsAgreeWithValues) {
+    dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs"));
+    rs.AddNew();
+    rs.SetValue(QStringLiteral("IDCD"), 1);
+    rs.SetValue(QStringLiteral("Hidden"), true);
+    rs.SetValue(QStringLiteral("TotalSize"), 2.75);
+    rs.SetValue(QStringLiteral("LoanStart"), QDateTime(QDate(2024, 2, 29), QTime(23, 59, 58)));
+    rs.SetValue(QStringLiteral("FullName"), QStringLiteral("Zoë Ångström \u4e2d"));
+    rs.SetValue(QStringLiteral("Address"), QStringLiteral("1 Main St\r\nFlat 2"));
+    rs.SetValue(QStringLiteral("Photo"), QByteArray("\x01\x02\n", 3));
+    rs.Update();
+    rs.Close();
+    addContact(QStringLiteral("Bob"));
+    // What another program may have left in the file: a text where a number or a date belongs,
+    // a number past 32 bits, a leading byte order mark.
+    gDB.ExecuteNative(QStringLiteral("UPDATE CDs SET ContactNumber = '12abc', DateScan = 'soon', "
+                                     "Type1 = 5000000000, Title = char(65279) || 'Dr.' WHERE IDCD = 2"));
+
+    rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs ORDER BY IDCD"));
+    for (; !rs.AtEOF(); rs.MoveNext())
+        expectTypedReadsMatchValues(rs);
+
+    // A field that Update wrote reads back as written, before and after a move backwards.
+    rs.MoveFirst();
+    rs.Edit();
+    rs.SetValue(QStringLiteral("FullName"), QStringLiteral("Ann"));
+    rs.SetValue(QStringLiteral("ContactNumber"), 7);
+    rs.Update();
+    QString name;
+    rs.AppendText(rs.FieldIndex(QStringLiteral("FullName")), name);
+    EXPECT_EQ(name, QStringLiteral("Ann"));
+    EXPECT_EQ(rs.LongAt(rs.FieldIndex(QStringLiteral("ContactNumber"))), 7);
+    rs.MoveLast();
+    expectTypedReadsMatchValues(rs);
+    rs.MovePrevious();
+    expectTypedReadsMatchValues(rs);
+    EXPECT_EQ(errorOf([&] { rs.IsNull(rs.FieldCount()); }), dao::errItemNotFound);
+    rs.MoveLast();
+    rs.MoveNext();
+    EXPECT_EQ(errorOf([&] { rs.LongAt(0); }), dao::errNoCurrentRecord);
+}
+
 TEST_F(Store, TheFileRefusesWhatJetRefused) {
     addContact(QStringLiteral("Ann"));
     EXPECT_EQ(errorOf([] { gDB.Execute(QStringLiteral("UPDATE CDs SET PhotoExt = '1234567890123456'")); }), dao::errFieldTooLong);

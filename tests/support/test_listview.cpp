@@ -297,6 +297,25 @@ TEST(ListView, SortByGivenKeysLeavesCellsAndSortedAlone) {
     EXPECT_EQ(keysInOrder(lv), QStringList({"ID1", "ID2", "ID4", "ID3"}));
 }
 
+TEST(ListView, SortKeysOrderTextsAsTheTextOrderDoes) {
+    const QStringList texts{"abc",   "ABD", "ab",    "",       "\u00c4pfel", "\u00e4pfel", "apfel", "zebra ",
+                            "Zebra", "b10", "b9",    " lead", "a-b",         "\u03a9mega", "\u03c9mega"};
+    TextOrder::Keys keys;
+    keys.Reserve(size_t(texts.size()));
+    for (qsizetype i = 0; i < texts.size(); ++i) {
+        if (i % 2)
+            keys.Add(QStringView(texts[i]));
+        else
+            keys.Add(texts[i]);
+    }
+    ASSERT_EQ(keys.Count(), size_t(texts.size()));
+    const auto sign = [](int v) { return (v > 0) - (v < 0); };
+    for (qsizetype i = 0; i < texts.size(); ++i)
+        for (qsizetype j = 0; j < texts.size(); ++j)
+            EXPECT_EQ(sign(keys.Compare(size_t(i), size_t(j))), sign(TextOrder::Compare(texts[i], texts[j])))
+                << texts[i].toStdString() << " / " << texts[j].toStdString();
+}
+
 TEST(ListView, SelectionFollowsRowsAndClearsToNothing) {
     ListView lv;
     fillPeople(lv);

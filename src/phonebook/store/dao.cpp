@@ -353,8 +353,19 @@ int localOffset(const QDate& d, int hour) {
     return lastOffset;
 }
 
-// 'YYYY-MM-DD HH:MM:SS' (or a date alone) without the cost of a general parser.
+// 'YYYY-MM-DD HH:MM:SS' (or a date alone) as the store writes it.
 QVariant parseDate(const char* s, int n) {
+    QDate date;
+    QTime time;
+    if (!ParseStoredDate(s, n, date, time)) return QString::fromUtf8(s, n);
+    // The wall time of the local zone, with that zone's offset at that hour.
+    return QDateTime(date, time, Qt::OffsetFromUTC, localOffset(date, time.hour()));
+}
+
+} // namespace
+
+bool ParseStoredDate(const char* s, int n, QDate& date, QTime& time) {
+    // Without the cost of a general parser.
     auto num = [&](int at, int len) {
         int v = 0;
         for (int i = at; i < at + len; ++i) {
@@ -364,21 +375,18 @@ QVariant parseDate(const char* s, int n) {
         return v;
     };
     const int y = num(0, 4), mo = num(5, 2), dd = num(8, 2);
-    if (y < 0 || mo < 0 || dd < 0 || n < 10) return QString::fromUtf8(s, n);
+    if (y < 0 || mo < 0 || dd < 0 || n < 10) return false;
     int h = 0, mi = 0, se = 0;
     if (n >= 19) {
         h = num(11, 2);
         mi = num(14, 2);
         se = num(17, 2);
-        if (h < 0 || mi < 0 || se < 0) return QString::fromUtf8(s, n);
+        if (h < 0 || mi < 0 || se < 0) return false;
     }
-    const QDate date(y, mo, dd);
-    const QTime time(h, mi, se);
-    if (!date.isValid() || !time.isValid()) return QString::fromUtf8(s, n);
-    // The wall time of the local zone, with that zone's offset at that hour.
-    return QDateTime(date, time, Qt::OffsetFromUTC, localOffset(date, h));
+    date = QDate(y, mo, dd);
+    time = QTime(h, mi, se);
+    return date.isValid() && time.isValid();
 }
-} // namespace
 
 QVariant ColumnValue(sqlite3_stmt* stmt, int i, ColKind kind) {
     // One column lookup, then the value's own accessors, which skip the statement's bookkeeping.

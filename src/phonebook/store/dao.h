@@ -6,6 +6,7 @@
 #include "core/error.h"
 
 #include <QByteArray>
+#include <QDateTime>
 #include <QHash>
 #include <QString>
 #include <QStringList>
@@ -127,6 +128,17 @@ public:
     QVariant operator[](const QString& name) const; // throws 3265 when missing
     QVariant operator[](int i) const { return Value(i); }
     QString Text(int i) const;                  // the value as text, "" for Null
+
+    // Typed reads of field i for loops over many rows: the same values as Value(i), without a
+    // QVariant or a QString made for each field.
+    bool IsNull(int i) const;
+    qint64 LongAt(int i) const; // Value(i).toLongLong(): 0 for Null
+    // Appends Text(i) to `out`. True when the value is a text, false for Null, a number, a date
+    // or binary data.
+    bool AppendText(int i, QString& out) const;
+    // The date and the wall time of a date field, as the QDateTime of Value(i) shows them; false
+    // when Value(i) is no QDateTime.
+    bool DateAt(int i, QDate& date, QTime& time) const;
 
     void AddNew();
     void Edit();

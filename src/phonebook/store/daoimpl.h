@@ -28,6 +28,8 @@ ColKind KindOfDecltype(const char* decl);
 
 // Value of column `i` of the row `stmt` stands on.
 QVariant ColumnValue(sqlite3_stmt* stmt, int i, ColKind kind);
+// Reads a date as the store keeps it into `date` and `time`; false for any other text.
+bool ParseStoredDate(const char* s, int n, QDate& date, QTime& time);
 // Binds a value for a field of a phonebook table.
 void BindValue(sqlite3_stmt* stmt, int index, const QVariant& v);
 // "YYYY-MM-DD HH:MM:SS" as the store keeps dates.

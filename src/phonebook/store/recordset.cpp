@@ -3,6 +3,8 @@
 
 #include <QRegularExpression>
 
+#include <cstdio>
+
 namespace dao {
 
 struct RecordsetImpl {
@@ -74,6 +76,14 @@ struct RecordsetImpl {
             if (o != overrides.constEnd()) return o.value();
         }
         return raw(i + base);
+    }
+    // The SQLite value of field i on a streamed row; nullptr when the value comes from a
+    // QVariant instead: a materialised result, or a field that Update wrote on this row.
+    sqlite3_value* sqlValue(int i) const {
+        if (Q_UNLIKELY(materialised || !overrides.isEmpty() || eof || pos < 0 || uint(i) >= uint(ncols) ||
+                       !db->db || !stmt))
+            return nullptr;
+        return sqlite3_column_value(stmt, i + base);
     }
     void materialise() {
         if (materialised) return;
@@ -227,6 +237,92 @@ QVariant Recordset::operator[](const QString& name) const {
 QString Recordset::Text(int i) const {
     const QVariant v = d->value(i);
     return v.isNull() ? QString() : v.toString();
+}
+
+bool Recordset::IsNull(int i) const {
+    if (sqlite3_value* v = d->sqlValue(i)) return sqlite3_value_type(v) == SQLITE_NULL;
+    return d->value(i).isNull();
+}
+
+qint64 Recordset::LongAt(int i) const {
+    if (sqlite3_value* v = d->sqlValue(i)) {
+        switch (sqlite3_value_type(v)) {
+        case SQLITE_NULL:
+            return 0;
+        case SQLITE_INTEGER:
+            if (d->kinds[i + d->base] != ColKind::Bool && d->kinds[i + d->base] != ColKind::Double)
+                return sqlite3_value_int64(v);
+            break;
+        default:
+            break;
+        }
+    }
+    return d->value(i).toLongLong();
+}
+
+namespace {
+
+bool isAscii(const char* p, int n) {
+    unsigned char any = 0;
+    for (int k = 0; k < n; ++k)
+        any |= static_cast<unsigned char>(p[k]);
+    return any < 0x80;
+}
+
+} // namespace
+
+bool Recordset::AppendText(int i, QString& out) const {
+    if (sqlite3_value* v = d->sqlValue(i)) {
+        const ColKind kind = d->kinds[i + d->base];
+        switch (sqlite3_value_type(v)) {
+        case SQLITE_NULL:
+            return false;
+        case SQLITE_TEXT:
+            if (kind != ColKind::Date) {
+                const char* p = reinterpret_cast<const char*>(sqlite3_value_text(v));
+                const int n = sqlite3_value_bytes(v);
+                if (isAscii(p, n))
+                    out.append(QLatin1String(p, n));
+                else
+                    out.append(QString::fromUtf8(p, n));
+                return true;
+            }
+            break;
+        case SQLITE_INTEGER:
+            if (kind != ColKind::Bool && kind != ColKind::Double) {
+                const qint64 n = sqlite3_value_int64(v);
+                char digits[24];
+                const int length = std::snprintf(digits, sizeof digits, "%lld", static_cast<long long>(n));
+                out.append(QLatin1String(digits, length));
+                return false;
+            }
+            break;
+        default:
+            break;
+        }
+    }
+    const QVariant value = d->value(i);
+    if (value.isNull()) return false;
+    if (value.typeId() == QMetaType::QString) {
+        out += *static_cast<const QString*>(value.constData());
+        return true;
+    }
+    out += value.toString();
+    return false;
+}
+
+bool Recordset::DateAt(int i, QDate& date, QTime& time) const {
+    if (sqlite3_value* v = d->sqlValue(i)) {
+        if (sqlite3_value_type(v) != SQLITE_TEXT || d->kinds[i + d->base] != ColKind::Date) return false;
+        return ParseStoredDate(reinterpret_cast<const char*>(sqlite3_value_text(v)), sqlite3_value_bytes(v),
+                               date, time);
+    }
+    const QVariant value = d->value(i);
+    if (value.typeId() != QMetaType::QDateTime) return false;
+    const QDateTime& at = *static_cast<const QDateTime*>(value.constData());
+    date = at.date();
+    time = at.time();
+    return true;
 }
 
 void Recordset::AddNew() {

@@ -25,6 +25,11 @@ class ListRowCells {
         m_text.append(text);
         m_ends.push_back(quint32(m_text.size()));
     }
+    // A cell written in place: append its text to Text(), then end it with EndCell(). The cell
+    // begins at CellStart(), the end of the cells before it.
+    QString& Text() { return m_text; }
+    qsizetype CellStart() const { return m_ends.empty() ? 0 : qsizetype(m_ends.back()); }
+    void EndCell() { m_ends.push_back(quint32(m_text.size())); }
     int Count() const { return int(m_ends.size()); }
 
   private:

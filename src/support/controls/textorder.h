@@ -18,15 +18,16 @@ int Compare(const QString& a, const QString& b);
 class Keys {
   public:
     void Reserve(size_t n);
-    void Add(const QString& text);
-    void Add(QStringView text) { Add(text.toString()); }
-    void Add(QString&& text); // may reuse the room of `text`
-    size_t Count() const { return m_folded.size() + m_keys.size(); }
+    void Add(QStringView text);
+    void Add(const QString& text) { Add(QStringView(text)); }
+    size_t Count() const { return m_ends.size() + m_keys.size(); }
     int Compare(size_t i, size_t j) const;
 
   private:
     std::vector<QCollatorSortKey> m_keys; // with a locale
-    std::vector<QString> m_folded;        // under the C locale
+    // Under the C locale: the case-folded texts one after the other, and where each one ends.
+    QString m_folded;
+    std::vector<qsizetype> m_ends;
 };
 
 } // namespace TextOrder
