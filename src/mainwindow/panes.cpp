@@ -66,9 +66,9 @@ void Form1::LoadPanes() {
     splitDockWidget(PCatTree, PListView2, Qt::Horizontal);
     splitDockWidget(PListView2, PListView1, Qt::Vertical);
     splitDockWidget(PListView1, PPhoto, Qt::Horizontal);
-    resizeDocks({PCatTree, PListView2}, {170, width() - 170}, Qt::Horizontal);
+    resizeDocks({PCatTree, PListView2}, {220, width() - 220}, Qt::Horizontal);
     resizeDocks({PListView2, PListView1}, {height() - 220, 220}, Qt::Vertical);
-    resizeDocks({PListView1, PPhoto}, {width() - 170 - 160, 160}, Qt::Horizontal);
+    resizeDocks({PListView1, PPhoto}, {width() - 220 - 160, 160}, Qt::Horizontal);
 
     SaveSetting(AppTitle(), kLayout, QStringLiteral("MainWindowPanesDefault"),
                 QString::fromLatin1(saveState().toBase64()));

@@ -44,7 +44,7 @@ TEST_F(Panes, TheFourPanesHoldTheirControlsInTheDefaultPlaces) {
     EXPECT_LT(list.bottom(), card.top());
     EXPECT_LT(card.right(), photo.left());
     EXPECT_EQ(card.top(), photo.top());
-    EXPECT_NEAR(tree.width(), 170, 12);
+    EXPECT_NEAR(tree.width(), 220, 12);
     EXPECT_GE(f.minimumWidth(), 780);
     EXPECT_GE(f.minimumHeight(), 540);
     // A contact without a photo shows the picture for none, inside the pane, and smaller when
@@ -134,5 +134,5 @@ TEST_F(Panes, AnOutdatedLayoutIsReplacedByTheDefault) {
     Form1& again = open();
     gResetPanes = false;
     EXPECT_EQ(again.dockWidgetArea(again.PCatTree), Qt::LeftDockWidgetArea);
-    EXPECT_NEAR(again.PCatTree->width(), 170, 12);
+    EXPECT_NEAR(again.PCatTree->width(), 220, 12);
 }
