@@ -4,7 +4,6 @@
 #include "core/error.h"
 #include "core/errorreport.h"
 #include "core/language.h"
-#include "preferences/regsettings.h"
 #include "support/controls/listview.h"
 
 #include <QGridLayout>
@@ -18,25 +17,16 @@ using namespace mLanguageGobals;
 
 namespace {
 
-const QString kFormName = QStringLiteral("Form21");
 
 // A place as the rows show it while they are sorted: two digits, "05".
 QString TwoDigits(int n) {
     return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0'));
 }
 
-QPushButton* MakeButton(QWidget* parent, const char* name) {
-    auto* b = new QPushButton(parent);
-    b->setObjectName(QLatin1String(name));
-    b->setAutoDefault(false);
-    return b;
-}
-
 } // namespace
 
 Form21::Form21(ListView& Target, int listNumber, QWidget* parent)
-    : QDialog(parent), ListNumber(listNumber), m_target(Target) {
-    setObjectName(kFormName);
+    : FormDialog(QStringLiteral("Form21"), parent), ListNumber(listNumber), m_target(Target) {
     buildControls();
     Form_Load();
 }
@@ -57,11 +47,11 @@ void Form21::buildControls() {
     VScroll1->setSingleStep(1);
     VScroll1->setPageStep(1);
 
-    bnUp = MakeButton(this, "bnUp");
-    bnDown = MakeButton(this, "bnDown");
-    bnDefault = MakeButton(this, "bnDefault");
-    bnOK = MakeButton(this, "bnOK");
-    bnCancel = MakeButton(this, "bnCancel");
+    bnUp = MakeButton("bnUp");
+    bnDown = MakeButton("bnDown");
+    bnDefault = MakeButton("bnDefault");
+    bnOK = MakeButton("bnOK");
+    bnCancel = MakeButton("bnCancel");
     bnOK->setDefault(true);
 
     // The list at the left; beside it the spin, at the height of the two buttons it goes with.
@@ -106,19 +96,7 @@ void Form21::Form_Load() {
     bnCancel->setText(msgCancel);
     IniFileColumnsList();
     PrepareColumnList();
-    mRegSettings::GetWindowConfig(this, kFormName);
-}
-
-void Form21::Form_Unload() {
-    HUNT_PLACE("Form21.Form_Unload");
-    if (m_unloaded) return;
-    m_unloaded = true;
-    mRegSettings::SaveWindowConfig(this, kFormName);
-}
-
-void Form21::done(int result) {
-    RunEvent("Form21.Form_Unload", [this] { Form_Unload(); });
-    QDialog::done(result);
+    RestorePlace();
 }
 
 void Form21::IniFileColumnsList() {

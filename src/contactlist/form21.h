@@ -9,14 +9,14 @@
 //     ShowModal(&frm, this);
 // The settings are written by the next mLV::SaveColumnSize of that list.
 
-#include <QDialog>
+#include "core/formdialog.h"
 
 class ListItem;
 class ListView;
 class QPushButton;
 class QScrollBar;
 
-class Form21 : public QDialog {
+class Form21 : public FormDialog {
     Q_OBJECT
   public:
     // Builds and loads the dialog (Form_Load) for the columns of `Target`.
@@ -36,7 +36,6 @@ class Form21 : public QDialog {
     QPushButton* bnCancel = nullptr;
 
     void Form_Load();
-    void Form_Unload();
     void IniFileColumnsList();
     void PrepareColumnList();
     void ResetToDefaults();
@@ -49,13 +48,9 @@ class Form21 : public QDialog {
     void lvColumns_ItemClick(ListItem* Item);
     void VScroll1_Change();
 
-  protected:
-    void done(int result) override;
-
   private:
     void buildControls();
     void swapRows(ListItem* a, ListItem* b);
 
     ListView& m_target;
-    bool m_unloaded = false;
 };

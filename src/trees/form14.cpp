@@ -20,20 +20,11 @@ using namespace mLanguageGobals;
 
 namespace {
 
-const QString kFormName = QStringLiteral("Form14");
 const QString kRoot = QStringLiteral("ID0");
-
-QPushButton* MakeButton(QWidget* parent, const char* name) {
-    auto* b = new QPushButton(parent);
-    b->setObjectName(QLatin1String(name));
-    b->setAutoDefault(false);
-    return b;
-}
 
 } // namespace
 
-Form14::Form14(qint16 treeMode, QWidget* parent) : QDialog(parent), mode(treeMode) {
-    setObjectName(kFormName);
+Form14::Form14(qint16 treeMode, QWidget* parent) : FormDialog(QStringLiteral("Form14"), parent), mode(treeMode) {
     buildControls();
     Form_Load();
 }
@@ -44,9 +35,9 @@ void Form14::buildControls() {
     CatTree = new TreeView(this);
     CatTree->setObjectName(QStringLiteral("CatTree"));
     Label1->setBuddy(CatTree);
-    bnAdd = MakeButton(this, "bnAdd");
-    bnOK = MakeButton(this, "bnOK");
-    bnCancel = MakeButton(this, "bnCancel");
+    bnAdd = MakeButton("bnAdd");
+    bnOK = MakeButton("bnOK");
+    bnCancel = MakeButton("bnCancel");
     bnOK->setDefault(true);
 
     // The label over the tree; "Add" at the left under it, OK and Cancel at the right.
@@ -116,22 +107,10 @@ void Form14::Form_Load() {
     mRegSettings::ApplyPreferenceFont(this);
     const int icon = mRegSettings::LvTvIconSize();
     CatTree->setIconSize(QSize(icon, icon));
-    mRegSettings::GetWindowConfig(this, kFormName);
+    RestorePlace();
 
     mTV::CategoryFill(treeForm(), mode);
     CheckOk();
-}
-
-void Form14::Form_Unload() {
-    HUNT_PLACE("Form14.Form_Unload");
-    if (m_unloaded) return;
-    m_unloaded = true;
-    mRegSettings::SaveWindowConfig(this, kFormName);
-}
-
-void Form14::done(int result) {
-    RunEvent("Form14.Form_Unload", [this] { Form_Unload(); });
-    QDialog::done(result);
 }
 
 void Form14::CheckOk() {

@@ -12,7 +12,8 @@
 
 #include "trees/treeform.h"
 
-#include <QDialog>
+#include "core/formdialog.h"
+
 #include <QString>
 
 class QLabel;
@@ -20,7 +21,7 @@ class QPushButton;
 class TreeNode;
 class TreeView;
 
-class Form14 : public QDialog {
+class Form14 : public FormDialog {
     Q_OBJECT
   public:
     // Builds and loads the dialog (Form_Load) for the tree of `mode`.
@@ -44,7 +45,6 @@ class Form14 : public QDialog {
     QPushButton* bnCancel = nullptr;
 
     void Form_Load();
-    void Form_Unload();
     // OK is possible on any node but the root.
     void CheckOk();
 
@@ -60,12 +60,7 @@ class Form14 : public QDialog {
     void CatTree_MouseDown();
     void CatTree_NodeClick(TreeNode* Node);
 
-  protected:
-    void done(int result) override;
-
   private:
     void buildControls();
     mTV::TreeForm treeForm() const { return {*CatTree, false}; }
-
-    bool m_unloaded = false;
 };

@@ -6,7 +6,6 @@
 #include "core/globals.h"
 #include "core/language.h"
 #include "mainwindow/icons.h"
-#include "preferences/regsettings.h"
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"
 #include "support/helpers/values.h"
@@ -29,17 +28,9 @@ using namespace mLanguageGobals;
 
 namespace {
 
-const QString kFormName = QStringLiteral("Form20");
 
 // A name that makes OK fail on purpose, so that staff can watch the error report at work.
 const QString kErrorProbe = QStringLiteral("snagprobesnagprobe");
-
-QPushButton* MakeButton(QWidget* parent, const char* name) {
-    auto* b = new QPushButton(parent);
-    b->setObjectName(QLatin1String(name));
-    b->setAutoDefault(false);
-    return b;
-}
 
 QVariant TextOrNull(const QString& text) {
     return text.isEmpty() ? QVariant() : QVariant(text);
@@ -48,9 +39,8 @@ QVariant TextOrNull(const QString& text) {
 } // namespace
 
 Form20::Form20(const mTV::MainView& view, qint32 id, qint16 treeMode, bool fromDiskList, QWidget* parent)
-    : QDialog(parent), pID(id), mode(treeMode), pFromDiskList(fromDiskList), m_tree(view.CatTree),
+    : FormDialog(QStringLiteral("Form20"), parent), pID(id), mode(treeMode), pFromDiskList(fromDiskList), m_tree(view.CatTree),
       m_list(view.ListView2) {
-    setObjectName(kFormName);
     buildControls();
     Form_Load();
     // While the dialog is open, a node made in the phonebook takes its comment from here.
@@ -91,8 +81,8 @@ void Form20::buildControls() {
     fdComment->setObjectName(QStringLiteral("fdComment"));
     fdComment->setTabChangesFocus(true);
     lblComment->setBuddy(fdComment);
-    bnOK = MakeButton(this, "bnOK");
-    bnCancel = MakeButton(this, "bnCancel");
+    bnOK = MakeButton("bnOK");
+    bnCancel = MakeButton("bnCancel");
     bnOK->setDefault(true);
 
     // The node's picture beside its name, a rule, the comment below, the buttons at the bottom right.
@@ -165,21 +155,10 @@ void Form20::Form_Load() {
         fdComment->setFocus();
     else
         fdName->setFocus();
-    mRegSettings::GetWindowConfig(this, kFormName);
+    RestorePlace();
 }
 
-void Form20::Form_Unload() {
-    HUNT_PLACE("Form20.Form_Unload");
-    if (m_unloaded) return;
-    m_unloaded = true;
-    releaseCommentHook();
-    mRegSettings::SaveWindowConfig(this, kFormName);
-}
-
-void Form20::done(int result) {
-    RunEvent("Form20.Form_Unload", [this] { Form_Unload(); });
-    QDialog::done(result);
-}
+void Form20::BeforeUnload() { releaseCommentHook(); }
 
 void Form20::bnOK_Click() {
     HUNT_PLACE("Form20.bnOK_Click", pID, mode, pFromDiskList);

@@ -8,7 +8,8 @@
 
 #include "trees/mainview.h"
 
-#include <QDialog>
+#include "core/formdialog.h"
+
 #include <QString>
 #include <functional>
 
@@ -20,7 +21,7 @@ class QPlainTextEdit;
 class QPushButton;
 class TreeView;
 
-class Form20 : public QDialog {
+class Form20 : public FormDialog {
     Q_OBJECT
   public:
     // Builds and loads the dialog (Form_Load) for node `pID` (-1: a new node) of the tree of
@@ -43,12 +44,11 @@ class Form20 : public QDialog {
     QPushButton* bnCancel = nullptr;
 
     void Form_Load();
-    void Form_Unload();
     void bnOK_Click();
     void bnCancel_Click();
 
   protected:
-    void done(int result) override;
+    void BeforeUnload() override;
 
   private:
     void buildControls();
@@ -59,6 +59,5 @@ class Form20 : public QDialog {
     QString m_loadedName;
     QString m_loadedComment;
     std::function<bool(QString&)> m_previousCommentHook; // restored when the dialog closes
-    bool m_unloaded = false;
     bool m_hooked = false;
 };

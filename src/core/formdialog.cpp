@@ -1,0 +1,33 @@
+#include "core/formdialog.h"
+
+#include "core/errorreport.h"
+#include "preferences/regsettings.h"
+
+#include <QPushButton>
+
+FormDialog::FormDialog(const QString& formName, QWidget* parent)
+    : QDialog(parent), m_unloadPlace(formName.toUtf8() + ".Form_Unload") {
+    setObjectName(formName);
+}
+
+void FormDialog::RestorePlace() { mRegSettings::GetWindowConfig(this, objectName()); }
+
+void FormDialog::Form_Unload() {
+    HUNT_PLACE(m_unloadPlace.constData());
+    if (m_unloaded) return;
+    m_unloaded = true;
+    BeforeUnload();
+    mRegSettings::SaveWindowConfig(this, objectName());
+}
+
+void FormDialog::done(int result) {
+    RunEvent(m_unloadPlace.constData(), [this] { Form_Unload(); });
+    QDialog::done(result);
+}
+
+QPushButton* FormDialog::MakeButton(const char* name) {
+    auto* b = new QPushButton(this);
+    b->setObjectName(QLatin1String(name));
+    b->setAutoDefault(false);
+    return b;
+}
