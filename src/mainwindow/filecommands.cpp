@@ -60,17 +60,7 @@ void Form1::fileNew() {
     // The save dialog has already asked before the file is replaced.
     if (QFile::exists(path) && !QFile::remove(path))
         throw dao::DbError(dao::errPathFile, QStringLiteral("Path/File access error: ") + path, QStringLiteral("Kelvarin"));
-    if (mLogin::LoginCnn(false)) {
-        mCommon::EditCaption();
-        ROSwitch();
-        mCommon::NotConnected(false);
-        ShowPhonebook();
-        MenuUpdate();
-        mCommon::MenuNoBorrow(*this);
-    } else {
-        mCommon::NotConnected(true);
-        mCommon::EditCaption();
-    }
+    showLogin(mLogin::LoginCnn(false));
 }
 
 void Form1::mnuFileOpen_Click() {
@@ -109,7 +99,12 @@ void Form1::mnuFileExit_Click() {
 void Form1::openChosen(const QString& path) {
     gDBPath = path;
     mCommon::Disconnect();
-    if (mLogin::LoginCnn(false)) {
+    showLogin(mLogin::LoginCnn(false));
+}
+
+// The window after an open or a creation: the phonebook shown, or the state without one.
+void Form1::showLogin(bool connected) {
+    if (connected) {
         ROSwitch();
         mCommon::EditCaption();
         mCommon::NotConnected(false);

@@ -146,6 +146,7 @@ class Form1 : public QMainWindow {
     void showRecentList(const QStringList& captions);
     void openChosen(const QString& path);
     void fileNew();
+    void showLogin(bool connected);
     void applyPaneVisibility();
     void loadPaneLayout(const QString& key);
     void showListPopup(const QPoint& pos);
