@@ -24,28 +24,22 @@ Qt::Alignment alignmentOf(int a) {
     }
 }
 
+// A grey triangle of the header, 9 by 9.
+QIcon triangle(const QPolygon& corners) {
+    QPixmap pm(9, 9);
+    pm.fill(Qt::transparent);
+    QPainter p(&pm);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(Qt::NoPen);
+    p.setBrush(QColor(96, 96, 96));
+    p.drawPolygon(corners);
+    return QIcon(pm);
+}
+
 // The two sort arrows of the header, drawn here: 1 points down (descending), 2 up (ascending).
 QIcon sortArrow(int icon) {
-    static const QIcon arrows[2] = {[] {
-                                        QPixmap pm(9, 9);
-                                        pm.fill(Qt::transparent);
-                                        QPainter p(&pm);
-                                        p.setRenderHint(QPainter::Antialiasing);
-                                        p.setPen(Qt::NoPen);
-                                        p.setBrush(QColor(96, 96, 96));
-                                        p.drawPolygon(QPolygon({QPoint(0, 2), QPoint(8, 2), QPoint(4, 7)}));
-                                        return QIcon(pm);
-                                    }(),
-                                    [] {
-                                        QPixmap pm(9, 9);
-                                        pm.fill(Qt::transparent);
-                                        QPainter p(&pm);
-                                        p.setRenderHint(QPainter::Antialiasing);
-                                        p.setPen(Qt::NoPen);
-                                        p.setBrush(QColor(96, 96, 96));
-                                        p.drawPolygon(QPolygon({QPoint(0, 7), QPoint(8, 7), QPoint(4, 2)}));
-                                        return QIcon(pm);
-                                    }()};
+    static const QIcon arrows[2] = {triangle(QPolygon({QPoint(0, 2), QPoint(8, 2), QPoint(4, 7)})),
+                                    triangle(QPolygon({QPoint(0, 7), QPoint(8, 7), QPoint(4, 2)}))};
     return icon == 1 || icon == 2 ? arrows[icon - 1] : QIcon();
 }
 
