@@ -98,6 +98,11 @@ TEST_F(Commands, NewOpenAndRecentEntriesOpenTheirPhonebooks) {
     EXPECT_TRUE(gDBOpen);
     EXPECT_EQ(mMru::MRUFiles, QStringList({first, second}));
 
+    // Only the number's "&" is a mnemonic; one in a path shows as it is.
+    mMru::AddToMRUList(QStringLiteral("/home/me/R&D.kvdb"));
+    EXPECT_EQ(action(1)->text(), QStringLiteral("&1 /home/me/R&&D.kvdb"));
+    mMru::AddToMRUList(first);
+
     // Clear list keeps the phonebook that is open.
     ASSERT_TRUE(form->CommandBars1->ExecuteId(117));
     EXPECT_EQ(mMru::MRUFiles, QStringList({first}));
