@@ -4,7 +4,7 @@
 #include "bench/generate.h"
 #include "core/globals.h"
 #include "core/language.h"
-#include "core/mmain.h"
+#include "app/mmain.h"
 #include "phonebook/createdb.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 #include "bench/generate.h"
 
 #include "core/globals.h"
-#include "trees/catpath.h"
+#include "phonebook/catpath.h"
 
 #include <QDateTime>
 #include <QRandomGenerator>

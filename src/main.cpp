@@ -1,3 +1,3 @@
-#include "core/mmain.h"
+#include "app/mmain.h"
 
 int main(int argc, char** argv) { return mMain::Run(argc, argv); }

@@ -4,7 +4,7 @@
 #include "card/form3.h"
 #include "core/errorreport.h"
 #include "core/seams.h"
-#include "mainwindow/form1.h"
+#include "trees/mainview.h"
 #include "preferences/preferences.h"
 #include "support/controls/listview.h"
 #include "support/helpers/keys.h"
@@ -29,11 +29,12 @@ template <class F> class Slot {
 };
 
 template <class F> void showCard(F*& slot, const char* loadPlace, const QString& key) {
-    F card(gForm1);
+    QWidget* owner = mTV::MainWindowOwner();
+    F card(owner);
     Slot<F> open(slot, &card);
     card.CardKey = key;
     RunEvent(loadPlace, [&card] { card.Form_Load(); });
-    ShowModal(&card, gForm1);
+    ShowModal(&card, owner);
 }
 
 void openCard(const QString& key) {
@@ -62,8 +63,9 @@ void AddNewDisk() {
 
 void DiskProperties() {
     HUNT_PLACE("mScanCD.DiskProperties", PropertiesMode);
-    if (PropertiesMode == 0 || !gForm1) return;
-    const QString key = selectedContact(*gForm1->ListView2);
+    const auto view = mTV::MainWindowView();
+    if (PropertiesMode == 0 || !view) return;
+    const QString key = selectedContact(view->ListView2);
     if (key.isEmpty()) return;
     PropertiesMode = 0;
     openCard(key);

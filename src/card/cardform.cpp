@@ -11,8 +11,8 @@
 #include "core/globals.h"
 #include "core/language.h"
 #include "core/seams.h"
-#include "mainwindow/form1.h"
-#include "mainwindow/icons.h"
+#include "trees/mainview.h"
+#include "support/controls/icons.h"
 #include "preferences/preferences.h"
 #include "preferences/regsettings.h"
 #include "preferences/settings.h"
@@ -22,11 +22,11 @@
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"
 #include "support/helpers/keys.h"
-#include "trees/catpath.h"
+#include "phonebook/catpath.h"
 #include "trees/form14.h"
 #include "trees/membership.h"
 #include "trees/pedigree.h"
-#include "trees/transaction.h"
+#include "phonebook/transaction.h"
 #include "trees/treefill.h"
 #include "trees/treeselect.h"
 #include "trees/viewstate.h"
@@ -555,8 +555,8 @@ void CardForm::bnOK_Click() {
     auto restore = [&] {
         // The transaction is rolled back; the card stays open with what the user typed, as a new
         // contact again if it was one, and without a list row for the contact not written.
-        if (adding && gForm1 && CardKey != key)
-            gForm1->ListView2->ListItems.Remove(QLatin1String("ID") + CardKey);
+        if (const auto view = mTV::MainWindowView(); adding && view && CardKey != key)
+            view->ListView2.ListItems.Remove(QLatin1String("ID") + CardKey);
         CardKey = key;
         CardLetter = letter;
         OldCardLetter = oldLetter;
@@ -566,17 +566,18 @@ void CardForm::bnOK_Click() {
         if (!adding) {
             UpdateRecord(false);
             UpdateDriveList();
-            if (gForm1 && gForm1->ListView2->SelectedItem() && gForm1->ListView2->Tag() == CardKey)
-                mTV::SelectNode(*gForm1->ListView1, QLatin1String("ID") + CardKey);
+            const auto view = mTV::MainWindowView();
+            if (view && view->ListView2.SelectedItem() && view->ListView2.Tag() == CardKey)
+                mTV::SelectNode(view->ListView1, QLatin1String("ID") + CardKey);
         } else {
             NewDiskCat = mCard::SelectedKey(*icmbCategory);
             NewDiskBox = mCard::SelectedKey(*icmbBox);
             if (icmbFavorite->SelectedItem()) NewDiskBor = mCard::SelectedKey(*icmbFavorite);
             UpdateRecord(true);
             if (const auto& hook = mCard::Hooks().UpdateMainCatTree) hook(AddCat, AddBor, AddBox);
-            if (gForm1)
-                mLV::AddDriveList(*gForm1->ListView2, *gForm1->CatTree, NewDiskCat, NewDiskBor, NewDiskBox,
-                                  true, CardKey.toInt());
+            if (const auto view = mTV::MainWindowView())
+                mLV::AddDriveList(view->ListView2, view->CatTree, NewDiskCat, NewDiskBor, NewDiskBox, true,
+                                  CardKey.toInt());
         }
         trans.Commit();
         if (adding) {
@@ -604,7 +605,7 @@ void CardForm::bnCancel_Click() {
     HUNT_PLACE(Place("bnCancel_Click"));
     // Nodes made from the card stay, whatever happens to the contact.
     if (const auto& hook = mCard::Hooks().UpdateMainCatTree) hook(AddCat, AddBor, AddBox);
-    if (gForm1) mLV::AddMissingCatRecords(*gForm1->ListView2, *gForm1->CatTree);
+    if (const auto view = mTV::MainWindowView()) mLV::AddMissingCatRecords(view->ListView2, view->CatTree);
     saveLayoutChoice();
     unloadForm(QDialog::Rejected);
 }
@@ -684,8 +685,8 @@ void CardForm::UpdateDriveList() {
         OldCardLetter = CardLetter;
         CardLetter = nameLetter;
     }
-    if (gForm1) {
-        const TreeView& tree = *gForm1->CatTree;
+    if (const auto view = mTV::MainWindowView()) {
+        const TreeView& tree = view->CatTree;
         auto within = [&tree](const QString& key, qint16 mode) {
             return mLV::IsWithinCategory2(tree, key, mode);
         };
@@ -711,7 +712,7 @@ void CardForm::UpdateDriveList() {
         if (refresh) CommentAndNameUpdate();
     }
     if (const auto& hook = mCard::Hooks().UpdateMainCatTree) hook(AddCat, AddBor, AddBox);
-    if (gForm1) mLV::AddMissingCatRecords(*gForm1->ListView2, *gForm1->CatTree);
+    if (const auto view = mTV::MainWindowView()) mLV::AddMissingCatRecords(view->ListView2, view->CatTree);
     if (const auto& hook = mCard::Hooks().UpdateGlobalInfo)
         hook(CardLetter, OldCardLetter.isEmpty() ? CardLetter : OldCardLetter, OldDiskCat, NewDiskCat,
              OldDiskBor, NewDiskBor, OldDiskBox, NewDiskBox, CardKey.toInt());
@@ -719,7 +720,8 @@ void CardForm::UpdateDriveList() {
 
 void CardForm::CommentAndNameUpdate() {
     HUNT_PLACE(Place("CommentAndNameUpdate"));
-    ListItem* row = gForm1 ? gForm1->ListView2->ListItems(QLatin1String("ID") + CardKey) : nullptr;
+    const auto view = mTV::MainWindowView();
+    ListItem* row = view ? view->ListView2.ListItems(QLatin1String("ID") + CardKey) : nullptr;
     if (!row) throw HuntERR::Error(35601, QStringLiteral("Element not found."));
     // The tree cells show the paths, as everywhere in the list.
     auto path = [](const QString& key, qint16 mode) {

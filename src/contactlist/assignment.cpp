@@ -3,7 +3,6 @@
 #include "contactlist/listfill.h"
 #include "core/error.h"
 #include "core/globals.h"
-#include "mainwindow/form1.h"
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"
 #include "support/helpers/keys.h"
@@ -42,10 +41,6 @@ void StoreNode(const char* field, const QString& number, qint32 pIDCD) {
 QString SelectedNodeKey(const TreeView& CatTree) {
     const TreeNode* node = CatTree.SelectedItem();
     return node ? node->Key() : CurrentNodeKey;
-}
-
-mTV::MainView ViewOf(Form1& frm) {
-    return mTV::MainView{*frm.CatTree, *frm.ListView2, *frm.ListView1};
 }
 
 // The path a row shows for node Key of tree `mode`; "" for no node.
@@ -145,13 +140,6 @@ void UpdateGlobalInfo(const mTV::MainView& view, const QString& DType, const QSt
     mTV::UpdateCounters(tree);
 }
 
-void UpdateGlobalInfo(Form1& frm, const QString& DType, const QString& OldDType, const QString& OldDiskCat,
-                      const QString& NewDiskCat, const QString& OldDiskBor, const QString& NewDiskBor,
-                      const QString& OldDiskBox, const QString& NewDiskBox, qint32 pIDCD) {
-    UpdateGlobalInfo(ViewOf(frm), DType, OldDType, OldDiskCat, NewDiskCat, OldDiskBor, NewDiskBor, OldDiskBox,
-                     NewDiskBox, pIDCD);
-}
-
 void UpdateMainCatTree(TreeView& CatTree, bool AddCat, bool AddBor, bool AddBox) {
     HUNT_PLACE("mCommon.UpdateMainCatTree(AddCat,AddBor,AddBox)", AddCat, AddBor, AddBox);
     const QString key = SelectedNodeKey(CatTree);
@@ -166,10 +154,6 @@ void UpdateMainCatTree(TreeView& CatTree, bool AddCat, bool AddBor, bool AddBox)
     node->EnsureVisible();
     CurrentNodeKey = key;
     if (AdvancedCategoryMode) mTV::CatTreeChangeNonSelectedIcon(node, true);
-}
-
-void UpdateMainCatTree(Form1& frm, bool AddCat, bool AddBor, bool AddBox) {
-    UpdateMainCatTree(*frm.CatTree, AddCat, AddBor, AddBox);
 }
 
 } // namespace mCommon

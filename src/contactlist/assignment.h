@@ -11,7 +11,6 @@
 
 #include <QString>
 
-class Form1;
 class TreeView;
 
 namespace mCommon {
@@ -29,15 +28,9 @@ void UpdateGlobalInfo(const mTV::MainView& view, const QString& DType, const QSt
                       const QString& OldDiskCat, const QString& NewDiskCat, const QString& OldDiskBor,
                       const QString& NewDiskBor, const QString& OldDiskBox, const QString& NewDiskBox,
                       qint32 pIDCD);
-void UpdateGlobalInfo(Form1& frm, const QString& DType, const QString& OldDType, const QString& OldDiskCat,
-                      const QString& NewDiskCat, const QString& OldDiskBor, const QString& NewDiskBor,
-                      const QString& OldDiskBox, const QString& NewDiskBox, qint32 pIDCD);
-
 // Nodes were added to the trees whose flags are set (from the contact card). When the tree on
 // display is one of them it is filled again, and the node that was selected is selected again
 // and stays the node in force. A tree not on display is left alone: it is filled when its tab is
 // chosen.
 void UpdateMainCatTree(TreeView& CatTree, bool AddCat, bool AddBor, bool AddBox);
-void UpdateMainCatTree(Form1& frm, bool AddCat, bool AddBor, bool AddBox);
-
 } // namespace mCommon

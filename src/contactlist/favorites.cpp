@@ -3,12 +3,11 @@
 #include "contactlist/assignment.h"
 #include "core/error.h"
 #include "core/globals.h"
-#include "mainwindow/commandids.h"
-#include "mainwindow/form1.h"
+#include "core/commandids.h"
 #include "support/controls/commandbars.h"
 #include "support/controls/listview.h"
 #include "support/helpers/keys.h"
-#include "trees/transaction.h"
+#include "phonebook/transaction.h"
 
 namespace mCommon {
 
@@ -44,10 +43,6 @@ void MenuNoBorrow(const ListView& ListView2, CommandBars& bars) {
     SetEnabled(bars, cmd::ListNoFavorite, enabled);
 }
 
-void MenuNoBorrow(Form1& frm) {
-    MenuNoBorrow(*frm.ListView2, *frm.CommandBars1);
-}
-
 void NoBorrowByClick(const mTV::MainView& view) {
     HUNT_PLACE("mCommon.NoBorrowByClick");
     const ListItem* row = view.ListView2.SelectedItem();
@@ -73,10 +68,6 @@ void NoBorrowByClick(const mTV::MainView& view) {
     UpdateGlobalInfo(view, DType, DType, OldDiskCat, NewDiskCat, OldDiskBor, NewDiskBor, OldDiskBox,
                      NewDiskBox, id);
     trans.Commit();
-}
-
-void NoBorrowByClick(Form1& frm) {
-    NoBorrowByClick(mTV::MainView{*frm.CatTree, *frm.ListView2, *frm.ListView1});
 }
 
 } // namespace mCommon

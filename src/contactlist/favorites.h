@@ -6,7 +6,6 @@
 #include "trees/mainview.h"
 
 class CommandBars;
-class Form1;
 class ListView;
 
 namespace mCommon {
@@ -14,11 +13,7 @@ namespace mCommon {
 // Enables Remove from Favorites (both commands alike) when the selected row of the contact list
 // is a contact that is a favorite. A restricted session keeps it disabled.
 void MenuNoBorrow(const ListView& ListView2, CommandBars& bars);
-void MenuNoBorrow(Form1& frm);
-
 // Takes the contact of the selected row out of its favorites folder, in one transaction. A node
 // row, or no selected row, does nothing.
 void NoBorrowByClick(const mTV::MainView& view);
-void NoBorrowByClick(Form1& frm);
-
 } // namespace mCommon

@@ -9,7 +9,7 @@
 //     ShowModal(&frm, this);
 // The settings are written by the next mLV::SaveColumnSize of that list.
 
-#include "core/formdialog.h"
+#include "preferences/formdialog.h"
 
 class ListItem;
 class ListView;

@@ -7,6 +7,7 @@
 // the Tag "a". Cells follow the column catalogue of the list, in index order.
 
 #include "contactlist/listdates.h"
+#include "phonebook/contactquery.h"
 #include "phonebook/store/dao.h"
 #include "support/controls/listitem.h"
 
@@ -35,9 +36,6 @@ enum ListCell : int {
     cellInfo1, // to cellInfo1 + 11
 };
 
-// The select and from clauses of the list query, in Jet SQL: every field of CDs, the twelve number
-// types as T1 to T12, and the three paths as Cat, Bor and Box. A WHERE clause may follow.
-QString ListQuery();
 
 // What writing contact rows needs once per recordset rather than once per row: the places of the
 // fields, the shape of the dates shown and the cells of the row being made.

@@ -2,7 +2,7 @@
 // switch bars and panes.
 #include "core/errorreport.h"
 #include "core/globals.h"
-#include "mainwindow/commandids.h"
+#include "core/commandids.h"
 #include "mainwindow/form1.h"
 #include "mainwindow/statusbar.h"
 #include "preferences/preferences.h"
@@ -10,7 +10,7 @@
 #include "support/controls/commandbars.h"
 #include "support/controls/treeview.h"
 #include "trees/catproperties.h"
-#include "trees/checktab.h"
+#include "contactlist/checktab.h"
 #include "trees/mainview.h"
 #include "trees/treedelete.h"
 #include "trees/treeedit.h"

@@ -6,6 +6,7 @@
 #include "core/language.h"
 #include "mainwindow/form1.h"
 #include "phonebook/fileerrors.h"
+#include "mainwindow/connection.h"
 #include "phonebook/login.h"
 #include "preferences/mru.h"
 #include "preferences/settings.h"
@@ -110,7 +111,7 @@ void Form1::showLogin(bool connected) {
         mCommon::NotConnected(false);
         ShowPhonebook();
         MenuUpdate();
-        mCommon::MenuNoBorrow(*this);
+        mCommon::MenuNoBorrow(*ListView2, *CommandBars1);
     } else {
         mCommon::NotConnected(true);
         mCommon::EditCaption();

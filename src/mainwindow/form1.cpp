@@ -5,11 +5,11 @@
 #include "core/errorreport.h"
 #include "core/globals.h"
 #include "core/language.h"
-#include "core/mmain.h"
-#include "mainwindow/commandids.h"
+#include "core/commandids.h"
 #include "mainwindow/dockingpane.h"
-#include "mainwindow/icons.h"
+#include "support/controls/icons.h"
 #include "mainwindow/statusbar.h"
+#include "mainwindow/connection.h"
 #include "phonebook/login.h"
 #include "phonebook/store/dao.h"
 #include "preferences/mru.h"
@@ -91,6 +91,7 @@ Form1::Form1(QWidget* parent) : QMainWindow(parent) {
 
     connectViewEvents();
     gForm1 = this;
+    mTV::SetMainWindow(this);
     RunEvent("Form1.Form_Load", [this] { Form_Load(); });
 }
 
@@ -102,6 +103,7 @@ Form1::~Form1() {
     if (gForm1 == this) {
         clearHooks();
         gForm1 = nullptr;
+        mTV::SetMainWindow(nullptr);
     }
 }
 

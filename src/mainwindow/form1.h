@@ -4,6 +4,8 @@
 // toolbars, with a status bar. Every command is an action with a numeric id that reaches
 // CommandBars1_Execute.
 
+#include "trees/mainview.h"
+
 #include <QMainWindow>
 #include <QPixmap>
 #include <QString>
@@ -25,16 +27,13 @@ class TreeView;
 namespace dao {
 class Recordset;
 }
-namespace mTV {
-struct MainView;
-}
 
 // View state of the main window that other parts of the program read.
 extern bool MainFormVisible;       // shown, not hidden to the tray
 extern qint16 LastWindowState;     // last state other than minimised: 0 normal, 2 maximised
 extern qint16 CurrentWindowsTheme; // the desktop theme seen last
 
-class Form1 : public QMainWindow {
+class Form1 : public QMainWindow, public mTV::MainWindow {
     Q_OBJECT
   public:
     // Pane ids.
@@ -72,7 +71,8 @@ class Form1 : public QMainWindow {
 
     DockingPane* Pane(int id) const;
     // The tree, the contact list and the detail pane, as the view procedures take them.
-    mTV::MainView View();
+    mTV::MainView View() override;
+    QWidget* Owner() override { return this; }
 
     // Window procedures.
     void Form_Load();
@@ -166,3 +166,9 @@ class Form1 : public QMainWindow {
 
 // The one reference to the main window; null while it does not exist.
 extern Form1* gForm1;
+
+namespace mCommon {
+// Puts the name of the tree of `mode` ("Categories", "Groups", "Favorites") on the main window's
+// tree pane: its title, which is also its tab when it shares a place with other panes.
+void CategoryCaption(qint16 mode);
+} // namespace mCommon

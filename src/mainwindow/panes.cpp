@@ -3,7 +3,7 @@
 #include "core/errorreport.h"
 #include "core/globals.h"
 #include "core/language.h"
-#include "mainwindow/commandids.h"
+#include "core/commandids.h"
 #include "mainwindow/dockingpane.h"
 #include "mainwindow/form1.h"
 #include "preferences/preferences.h"
@@ -141,3 +141,13 @@ void Form1::RestorePaneDefaults() {
     }
     applyPaneVisibility();
 }
+
+namespace mCommon {
+
+void CategoryCaption(qint16 mode) {
+    HUNT_PLACE("mCommon.CategoryCaption(mode)", mode);
+    if (!gForm1 || !gForm1->PCatTree) return;
+    gForm1->PCatTree->setWindowTitle(mode == 0 ? msgCategories : mode == 1 ? msgGroups : msgFavoritesTree);
+}
+
+} // namespace mCommon

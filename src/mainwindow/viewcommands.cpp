@@ -6,14 +6,14 @@
 #include "contactlist/listsort.h"
 #include "core/error.h"
 #include "core/globals.h"
-#include "mainwindow/commandids.h"
+#include "core/commandids.h"
 #include "mainwindow/form1.h"
 #include "preferences/preferences.h"
 #include "support/controls/commandbars.h"
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"
 #include "trees/catproperties.h"
-#include "trees/checktab.h"
+#include "contactlist/checktab.h"
 #include "trees/mainview.h"
 #include "trees/treefill.h"
 #include "trees/viewstate.h"
@@ -116,7 +116,7 @@ void Form1::mnuEditAdd_Click() {
 
 void Form1::mnuEditNoBorrow_Click() {
     HUNT_PLACE("Form1.mnuEditNoBorrow_Click");
-    mCommon::NoBorrowByClick(*this);
+    mCommon::NoBorrowByClick(View());
     MenuUpdate();
 }
 

@@ -2,6 +2,7 @@
 // them, and the hooks through which the tree, list and card procedures reach this window.
 #include "card/cardentries.h"
 #include "card/cardhooks.h"
+#include "contactlist/listfill.h"
 #include "contactlist/assignment.h"
 #include "contactlist/favorites.h"
 #include "contactlist/listhooks.h"
@@ -13,11 +14,11 @@
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"
 #include "trees/catproperties.h"
-#include "trees/checktab.h"
+#include "contactlist/checktab.h"
 #include "trees/counters.h"
 #include "trees/mainview.h"
 #include "trees/treeedit.h"
-#include "trees/treeevents.h"
+#include "contactlist/treeevents.h"
 #include "trees/treefill.h"
 #include "trees/treeselect.h"
 #include "trees/viewhooks.h"
@@ -77,7 +78,7 @@ void Form1::fillHooks() {
         if (ListView2->ListItems.Count() > 0 && ListView2->SelectedItem())
             ListView2->SetSelectedItem(nullptr);
     };
-    tv.MenuNoBorrow = [this] { mCommon::MenuNoBorrow(*this); };
+    tv.MenuNoBorrow = [this] { mCommon::MenuNoBorrow(*ListView2, *CommandBars1); };
     tv.RemoveListRow = [this](const QString& key) {
         if (ListView2->ListItems.Exists(key)) ListView2->ListItems.Remove(key);
     };
@@ -93,6 +94,10 @@ void Form1::fillHooks() {
     tv.LoadPhotoFromDB = [this](const dao::Recordset& rstWork) { LoadPhotoFromDB(rstWork); };
     tv.CategoryCaption = [](qint16 mode) { mCommon::CategoryCaption(mode); };
 
+    tv.UpdateCatInList = [this](const QString& key, const QString& name) {
+        mLV::UpdateCatInList(*ListView2, key, name);
+    };
+    tv.SetNodeRowComment = [](ListItem& row, const QString& comment) { row.SetCellText(mLV::cellComment, comment); };
     mLV::ListHooks& lv = mLV::Hooks();
     lv.Hourglass = [](bool busy) {
         if (busy)
@@ -114,13 +119,13 @@ void Form1::fillHooks() {
 
     mCard::CardHooks& card = mCard::Hooks();
     card.UpdateMainCatTree = [this](bool AddCat, bool AddBor, bool AddBox) {
-        mCommon::UpdateMainCatTree(*this, AddCat, AddBor, AddBox);
+        mCommon::UpdateMainCatTree(*CatTree, AddCat, AddBor, AddBox);
     };
     card.UpdateGlobalInfo = [this](const QString& DType, const QString& OldDType, const QString& OldDiskCat,
                                    const QString& NewDiskCat, const QString& OldDiskBor,
                                    const QString& NewDiskBor, const QString& OldDiskBox,
                                    const QString& NewDiskBox, qint32 pIDCD) {
-        mCommon::UpdateGlobalInfo(*this, DType, OldDType, OldDiskCat, NewDiskCat, OldDiskBor, NewDiskBor,
+        mCommon::UpdateGlobalInfo(View(), DType, OldDType, OldDiskCat, NewDiskCat, OldDiskBor, NewDiskBor,
                                   OldDiskBox, NewDiskBox, pIDCD);
     };
 }

@@ -3,12 +3,12 @@
 #include "core/error.h"
 #include "core/globals.h"
 #include "core/language.h"
-#include "core/mmain.h"
+#include "phonebook/login.h"
 #include "phonebook/fileerrors.h"
 #include "phonebook/schema.h"
 #include "support/helpers/files.h"
 #include "support/helpers/paths.h"
-#include "trees/catpath.h"
+#include "phonebook/catpath.h"
 
 #include <QFile>
 

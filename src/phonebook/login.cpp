@@ -4,7 +4,6 @@
 #include "core/errorreport.h"
 #include "core/globals.h"
 #include "core/language.h"
-#include "core/mmain.h"
 #include "phonebook/createdb.h"
 #include "phonebook/fileerrors.h"
 #include "phonebook/upgrade.h"
@@ -52,3 +51,20 @@ bool LoginCnn(bool FromStart) {
 }
 
 } // namespace mLogin
+
+namespace mMain {
+
+void Closing() {
+    if (gDBOpen) {
+        gDB.Close();
+        gDBOpen = false;
+        gDB = dao::Database();
+    }
+    if (gWSOpen) {
+        gWS.Close();
+        gWSOpen = false;
+        gWS = dao::Workspace();
+    }
+}
+
+} // namespace mMain

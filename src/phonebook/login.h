@@ -6,11 +6,7 @@ namespace mLogin {
 bool LoginCnn(bool FromStart);
 } // namespace mLogin
 
-namespace mCommon {
-// Empties the views, closes gDB and gWS and drops both.
-void Disconnect();
-// Stores the state and disables every command that needs a phonebook (enables them for false).
-void NotConnected(bool mode);
-// Title of the main window: the application, the phonebook's path and, by preference, its size.
-void EditCaption();
-} // namespace mCommon
+namespace mMain {
+// Closes the database objects; safe at any point.
+void Closing();
+} // namespace mMain

@@ -4,7 +4,7 @@
 #include "core/globals.h"
 #include "core/language.h"
 #include "phonebook/schema.h"
-#include "trees/catpath.h"
+#include "phonebook/catpath.h"
 
 using namespace mLanguageGobals;
 using dao::dbBoolean;

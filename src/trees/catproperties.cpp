@@ -3,8 +3,6 @@
 #include "core/error.h"
 #include "core/language.h"
 #include "core/seams.h"
-#include "mainwindow/dockingpane.h"
-#include "mainwindow/form1.h"
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"
 #include "support/helpers/keys.h"
@@ -29,12 +27,6 @@ namespace mCommon {
 void GetCatProperties(const mTV::MainView& view, qint32 pID, bool pFromDiskList) {
     HUNT_PLACE("mCommon.GetCatProperties(pID,pFromDiskList)", pID, pFromDiskList);
     ShowNodeDialog(view, pID, pFromDiskList);
-}
-
-void CategoryCaption(qint16 mode) {
-    HUNT_PLACE("mCommon.CategoryCaption(mode)", mode);
-    if (!gForm1 || !gForm1->PCatTree) return;
-    gForm1->PCatTree->setWindowTitle(mode == 0 ? msgCategories : mode == 1 ? msgGroups : msgFavoritesTree);
 }
 
 } // namespace mCommon

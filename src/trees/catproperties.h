@@ -17,9 +17,6 @@ namespace mCommon {
 // follow a change.
 void GetCatProperties(const mTV::MainView& view, qint32 pID, bool pFromDiskList);
 
-// Puts the name of the tree of `mode` ("Categories", "Groups", "Favorites") on the main window's
-// tree pane: its title, which is also its tab when it shares a place with other panes.
-void CategoryCaption(qint16 mode);
 
 } // namespace mCommon
 

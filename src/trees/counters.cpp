@@ -3,7 +3,7 @@
 #include "core/error.h"
 #include "core/globals.h"
 #include "support/controls/treeview.h"
-#include "trees/catpath.h"
+#include "phonebook/catpath.h"
 #include "trees/treelabels.h"
 #include "trees/viewstate.h"
 

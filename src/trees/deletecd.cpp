@@ -2,7 +2,7 @@
 
 #include "core/error.h"
 #include "core/globals.h"
-#include "trees/catpath.h"
+#include "phonebook/catpath.h"
 
 #include <QCursor>
 #include <QGuiApplication>

@@ -12,7 +12,7 @@
 
 #include "trees/treeform.h"
 
-#include "core/formdialog.h"
+#include "preferences/formdialog.h"
 
 #include <QString>
 

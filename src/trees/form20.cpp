@@ -1,16 +1,15 @@
 #include "trees/form20.h"
 
-#include "contactlist/listfill.h"
 #include "core/error.h"
 #include "core/errorreport.h"
 #include "core/globals.h"
 #include "core/language.h"
-#include "mainwindow/icons.h"
+#include "support/controls/icons.h"
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"
 #include "support/helpers/values.h"
-#include "trees/catpath.h"
-#include "trees/transaction.h"
+#include "phonebook/catpath.h"
+#include "phonebook/transaction.h"
 #include "trees/treeedit.h"
 #include "trees/treelabels.h"
 #include "trees/treesort.h"
@@ -192,12 +191,12 @@ void Form20::bnOK_Click() {
                 if (row) row->SetText(name);
                 // The contact rows show the paths of the node in force, which the new name is part of.
                 if (const TreeNode* selected = m_tree.SelectedItem())
-                    mLV::UpdateCatInList(m_list, selected->Key(), name);
+                    if (const auto& update = mTV::Hooks().UpdateCatInList) update(selected->Key(), name);
                 mTV::SortTreeByName(m_tree);
             }
             if (commentChanged && row)
-                row->SetCellText(mLV::cellComment,
-                                 mCommon::NzMultiline(TextOrNull(comment), QVariant(QString())).toString());
+                if (const auto& show = mTV::Hooks().SetNodeRowComment)
+                    show(*row, mCommon::NzMultiline(TextOrNull(comment), QVariant(QString())).toString());
         }
     } else {
         mTV::CatTreeAdd2({m_tree, true}, name, mode);

@@ -8,7 +8,7 @@
 
 #include "trees/mainview.h"
 
-#include "core/formdialog.h"
+#include "preferences/formdialog.h"
 
 #include <QString>
 #include <functional>

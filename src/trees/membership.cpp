@@ -4,7 +4,7 @@
 #include "core/globals.h"
 #include "support/controls/treeview.h"
 #include "support/helpers/keys.h"
-#include "trees/catpath.h"
+#include "phonebook/catpath.h"
 #include "trees/viewstate.h"
 
 namespace mLV {

@@ -4,8 +4,8 @@
 #include "core/globals.h"
 #include "support/controls/treeview.h"
 #include "support/helpers/keys.h"
-#include "trees/catpath.h"
-#include "trees/transaction.h"
+#include "phonebook/catpath.h"
+#include "phonebook/transaction.h"
 #include "trees/viewstate.h"
 
 namespace mLV {

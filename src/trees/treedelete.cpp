@@ -6,9 +6,9 @@
 #include "core/seams.h"
 #include "support/controls/treeview.h"
 #include "support/helpers/keys.h"
-#include "trees/catpath.h"
+#include "phonebook/catpath.h"
 #include "trees/deletecd.h"
-#include "trees/transaction.h"
+#include "phonebook/transaction.h"
 #include "trees/viewhooks.h"
 #include "trees/viewstate.h"
 

@@ -1,6 +1,5 @@
 #include "trees/treeedit.h"
 
-#include "contactlist/listfill.h"
 #include "core/error.h"
 #include "core/language.h"
 #include "core/seams.h"
@@ -128,7 +127,7 @@ void CatTreeAfterLabelEdit(const MainView& view, bool& Cancel, QString& NewStrin
     RenameGuard guard(tree);
     const QString name = NewString;
     CategoryUpdate({tree, true}, mToolBar::WhatCATIsChecked(), NewString);
-    mLV::UpdateCatInList(view.ListView2, key, name);
+    if (const auto& update = Hooks().UpdateCatInList) update(key, name);
     Cancel = false;
     // The label takes the new name with its count now, so that the node can go to its place.
     if (TreeNode* node = tree.Nodes(key)) node->SetText(NewString);

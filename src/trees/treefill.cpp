@@ -4,7 +4,7 @@
 #include "core/globals.h"
 #include "support/controls/treeview.h"
 #include "support/helpers/values.h"
-#include "trees/catpath.h"
+#include "phonebook/catpath.h"
 #include "trees/counters.h"
 #include "trees/treelabels.h"
 #include "trees/treesort.h"

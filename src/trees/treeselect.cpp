@@ -1,6 +1,6 @@
 #include "trees/treeselect.h"
 
-#include "contactlist/listfill.h"
+#include "phonebook/contactquery.h"
 #include "core/error.h"
 #include "core/globals.h"
 #include "core/language.h"

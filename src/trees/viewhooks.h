@@ -7,6 +7,7 @@
 #include <QString>
 #include <functional>
 
+class ListItem;
 namespace dao {
 class Recordset;
 }
@@ -22,6 +23,10 @@ struct ViewHooks {
     std::function<void()> MenuNoBorrow;
     // Removes the row with this key from the contact list.
     std::function<void(const QString& key)> RemoveListRow;
+    // Node `key` now has the name `name`: the contact rows that show its path take the new name.
+    std::function<void(const QString& key, const QString& name)> UpdateCatInList;
+    // The row of a child node in the contact list shows the node's new comment.
+    std::function<void(ListItem& row, const QString& comment)> SetNodeRowComment;
     // Empties the detail pane and its Tag, shows the no-photo picture, clears the list's Tag.
     std::function<void()> ClearDetailPane;
     // Makes letter tab Key and node CKey the view; ForceUpdate refills even when nothing changed.

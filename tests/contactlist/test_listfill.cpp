@@ -9,7 +9,7 @@
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"
 #include "support/helpers/dates.h"
-#include "trees/catpath.h"
+#include "phonebook/catpath.h"
 #include "trees/viewhooks.h"
 #include "trees/viewstate.h"
 

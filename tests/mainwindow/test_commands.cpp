@@ -4,10 +4,11 @@
 
 #include "core/cfiledialog.h"
 #include "core/language.h"
-#include "core/mmain.h"
-#include "mainwindow/icons.h"
+#include "app/mmain.h"
+#include "support/controls/icons.h"
 #include "mainwindow/statusbar.h"
 #include "phonebook/createdb.h"
+#include "mainwindow/connection.h"
 #include "phonebook/login.h"
 #include "preferences/mru.h"
 #include "support/controls/imagelist.h"

@@ -5,8 +5,8 @@
 #include "card/cardform.h"
 #include "core/globals.h"
 #include "core/language.h"
-#include "core/mmain.h"
-#include "core/previnstance.h"
+#include "app/mmain.h"
+#include "app/previnstance.h"
 #include "mainwindow/dockingpane.h"
 #include "mainwindow/form1.h"
 #include "phonebook/createdb.h"
@@ -17,7 +17,7 @@
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"
 #include "support/fixture.h"
-#include "trees/catpath.h"
+#include "phonebook/catpath.h"
 #include "trees/viewstate.h"
 
 #include <QHeaderView>

@@ -1,7 +1,7 @@
 // A new phonebook: what it holds, and what happens when it cannot be made.
 #include "core/globals.h"
 #include "core/language.h"
-#include "core/mmain.h"
+#include "app/mmain.h"
 #include "phonebook/createdb.h"
 #include "support/fixture.h"
 

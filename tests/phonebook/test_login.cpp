@@ -3,7 +3,7 @@
 #include "core/errorreport.h"
 #include "core/globals.h"
 #include "core/language.h"
-#include "core/mmain.h"
+#include "app/mmain.h"
 #include "phonebook/createdb.h"
 #include "phonebook/login.h"
 #include "phonebook/upgrade.h"

@@ -69,7 +69,7 @@ void TempDirTest::TearDown() { QSettings().clear(); }
 } // namespace fixture
 
 #include "core/globals.h"
-#include "core/mmain.h"
+#include "app/mmain.h"
 #include "phonebook/createdb.h"
 
 namespace fixture {

@@ -8,7 +8,7 @@
 #include "core/globals.h"
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"
-#include "trees/catpath.h"
+#include "phonebook/catpath.h"
 #include "trees/catproperties.h"
 #include "trees/form20.h"
 #include "trees/treefill.h"
@@ -39,6 +39,8 @@ class Form20Test : public fixture::PhonebookTest {
         mLV::UpdateCatPathAll();
         bob = u"ID%1"_s.arg(addContact(u"Bob"_s, 14));
         mTV::CategoryFill({tree, true}, 0);
+        mTV::Hooks().UpdateCatInList = [this](const QString& k, const QString& n) { mLV::UpdateCatInList(list2, k, n); };
+        mTV::Hooks().SetNodeRowComment = [](ListItem& row, const QString& c) { row.SetCellText(mLV::cellComment, c); };
     }
     void TearDown() override {
         mTV::Hooks() = mTV::ViewHooks();

@@ -5,7 +5,7 @@
 #include "core/globals.h"
 #include "support/controls/treeview.h"
 #include "support/helpers/keys.h"
-#include "trees/catpath.h"
+#include "phonebook/catpath.h"
 #include "trees/membership.h"
 #include "trees/movecategory.h"
 #include "trees/pedigree.h"

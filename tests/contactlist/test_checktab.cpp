@@ -1,11 +1,11 @@
 // Switching the view of the main window: letter tab, node and tree tab refill the list in the
 // order in force, keep a selected contact that is still in view, mark the subtree in the advanced
 // mode, and follow the keys and clicks of the contact list.
-#include "viewfixture.h"
+#include "trees/viewfixture.h"
 
 #include "contactlist/listsort.h"
 #include "preferences/settings.h"
-#include "trees/treeevents.h"
+#include "contactlist/treeevents.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
-#include "trees/treeevents.h"
+#include "contactlist/treeevents.h"
 
 #include "core/error.h"
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"
-#include "trees/checktab.h"
+#include "contactlist/checktab.h"
 #include "trees/treeselect.h"
 #include "trees/viewhooks.h"
 #include "trees/viewstate.h"

@@ -1,4 +1,4 @@
-#include "trees/catpath.h"
+#include "phonebook/catpath.h"
 
 #include "core/error.h"
 #include "core/globals.h"

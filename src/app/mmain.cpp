@@ -1,9 +1,9 @@
-#include "core/mmain.h"
+#include "app/mmain.h"
 
 #include "core/errorreport.h"
 #include "core/globals.h"
 #include "core/language.h"
-#include "core/previnstance.h"
+#include "app/previnstance.h"
 #include "core/seams.h"
 #include "contactlist/columns.h"
 #include "contactlist/listfill.h"
@@ -12,6 +12,7 @@
 #include "preferences/settingvalue.h"
 #include "support/controls/listview.h"
 #include "mainwindow/form1.h"
+#include "mainwindow/connection.h"
 #include "phonebook/login.h"
 #include "preferences/mru.h"
 #include "preferences/regsettings.h"
@@ -129,19 +130,6 @@ void Main() {
         // 17.
         gMainFormShown = true;
     });
-}
-
-void Closing() {
-    if (gDBOpen) {
-        gDB.Close();
-        gDBOpen = false;
-        gDB = dao::Database();
-    }
-    if (gWSOpen) {
-        gWS.Close();
-        gWSOpen = false;
-        gWS = dao::Workspace();
-    }
 }
 
 void MainFormHide() {

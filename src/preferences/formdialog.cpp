@@ -1,4 +1,4 @@
-#include "core/formdialog.h"
+#include "preferences/formdialog.h"
 
 #include "core/errorreport.h"
 #include "preferences/regsettings.h"

@@ -1,4 +1,4 @@
-#include "mainwindow/icons.h"
+#include "support/controls/icons.h"
 
 #include "support/controls/imagelist.h"
 

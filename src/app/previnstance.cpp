@@ -1,6 +1,6 @@
-#include "core/previnstance.h"
+#include "app/previnstance.h"
 
-#include "core/mmain.h"
+#include "app/mmain.h"
 
 #include <QLocalServer>
 #include <QLocalSocket>

@@ -1,8 +1,8 @@
 // The start: which phonebook is chosen and opened, and what is left when it cannot be.
 #include "core/globals.h"
 #include "core/language.h"
-#include "core/mmain.h"
-#include "core/previnstance.h"
+#include "app/mmain.h"
+#include "app/previnstance.h"
 #include "mainwindow/form1.h"
 #include "phonebook/createdb.h"
 #include "preferences/mru.h"

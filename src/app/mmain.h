@@ -1,6 +1,8 @@
 #pragma once
 // Start and shutdown of the program.
 
+#include "phonebook/login.h" // mMain::Closing
+
 #include <QString>
 
 namespace mMain {
@@ -8,8 +10,6 @@ namespace mMain {
 int Run(int argc, char** argv);
 // The start sequence: catalogue, checks, preferences, choice and opening of the phonebook, windows.
 void Main();
-// Closes the database objects; safe at any point.
-void Closing();
 void MainFormHide();
 void MainFormShow();
 } // namespace mMain
