@@ -19,6 +19,9 @@
 
 #include <QToolBar>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 void storePreference(const char* key, bool value) {
@@ -32,7 +35,24 @@ bool updatesMenu(int id) {
            (id >= cmd::LetterA && id <= cmd::TabGroups) || id == cmd::TabCategories;
 }
 
+// Commands whose action is still to come: they stay disabled, whatever the state of the window.
+const int kWithoutAction[] = {
+    cmd::FileInfo,        cmd::FileClearDB,      cmd::FileCompactDB,    cmd::AccessFull,      cmd::AccessReadOnly,
+    cmd::AccessOptions,   cmd::ContactDelete,    cmd::ContactCopy,      cmd::ToolsSearch,     cmd::ToolsStatistics,
+    cmd::ToolsReport,     cmd::ToolsReportSelected, cmd::ToolsPreferences, cmd::HelpContents, cmd::HelpTip,
+    cmd::HelpWebsite,     cmd::HelpSupport,      cmd::HelpFeedback,     cmd::HelpAbout,       cmd::ListDelete,
+    cmd::ListCopy,        cmd::MainDelete,       cmd::MainSearch,       cmd::MainStatistics,  cmd::MainReport,
+    cmd::MainPreferences, cmd::MainHelp,         cmd::ReportOnList,     cmd::ReportOnContact,
+};
+
 } // namespace
+
+bool Form1::HasAction(int id) { return std::find(std::begin(kWithoutAction), std::end(kWithoutAction), id) == std::end(kWithoutAction); }
+
+void Form1::MarkCommandsWithoutAction() {
+    for (CommandBarAction* action : CommandBars1->Actions())
+        action->SetAvailable(HasAction(action->Id()));
+}
 
 void Form1::CommandBars1_Execute(CommandBarAction* Control) {
     if (!Control) return;
@@ -50,13 +70,6 @@ void Form1::CommandBars1_Execute(CommandBarAction* Control) {
             break;
         case cmd::RecentClear:
             mnuFileClear_Click();
-            break;
-        case cmd::FileInfo:
-        case cmd::FileClearDB:
-        case cmd::FileCompactDB:
-        case cmd::AccessFull:
-        case cmd::AccessReadOnly:
-        case cmd::AccessOptions:
             break;
 
         case cmd::CategoryQuickAdd:
@@ -103,9 +116,6 @@ void Form1::CommandBars1_Execute(CommandBarAction* Control) {
         case cmd::MainProperties:
             PropertiesFromTab();
             break;
-        case cmd::ContactDelete:
-        case cmd::ContactCopy:
-            break;
 
         case cmd::ViewCategories:
             ViewMainSwich(QStringLiteral("Categories"));
@@ -151,41 +161,10 @@ void Form1::CommandBars1_Execute(CommandBarAction* Control) {
             RestorePaneDefaults();
             break;
 
-        case cmd::ToolsSearch:
-        case cmd::ToolsStatistics:
-        case cmd::ToolsReport:
-        case cmd::ToolsReportSelected:
-        case cmd::ToolsPreferences:
-            break;
-
-        case cmd::HelpContents:
-        case cmd::HelpTip:
-        case cmd::HelpWebsite:
-        case cmd::HelpSupport:
-        case cmd::HelpFeedback:
-        case cmd::HelpAbout:
-            break;
-
-        case cmd::ListDelete:
-        case cmd::ListCopy:
-            break;
-
         case cmd::TabCategories:
         case cmd::TabGroups:
         case cmd::TabFavorites:
             ViewMainSwich(Control->Tag());
-            break;
-
-        case cmd::MainDelete:
-        case cmd::MainSearch:
-        case cmd::MainStatistics:
-        case cmd::MainReport:
-        case cmd::MainPreferences:
-        case cmd::MainHelp:
-            break;
-
-        case cmd::ReportOnList:
-        case cmd::ReportOnContact:
             break;
 
         default:

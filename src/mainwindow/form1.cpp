@@ -125,6 +125,7 @@ DockingPane* Form1::Pane(int id) const {
 void Form1::Form_Load() {
     HUNT_PLACE("Form1.Form_Load");
     LoadMenuToolbar();
+    MarkCommandsWithoutAction();
     LoadPanes();
     fillHooks();
     // Kept from an older layout of the window: read here, written back at unload.

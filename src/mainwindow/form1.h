@@ -105,9 +105,15 @@ class Form1 : public QMainWindow, public mTV::MainWindow {
     void ListView2_KeyPress(int& KeyAscii);
     void ListView2_MouseUp();
     void ListView2_ColumnClick(ColumnHeader* ColumnHeader);
+    // A click on a link value of the detail pane opens it: a new message or a web page.
+    void ListView1_MouseUp(const QPoint& pos);
 
     // The one dispatcher of all commands.
     void CommandBars1_Execute(CommandBarAction* Control);
+    // False for a command whose action is still to come.
+    static bool HasAction(int id);
+    // Keeps every command without an action disabled.
+    void MarkCommandsWithoutAction();
 
     // File commands.
     void mnuFileNew_Click();
@@ -157,6 +163,8 @@ class Form1 : public QMainWindow, public mTV::MainWindow {
     void showTree(const QString& tab);
     int buttonOfTag(const QString& Key) const;
     void tickCategoryMode();
+    // The link under a point of the detail pane, "" when there is none.
+    QString linkAt(const QPoint& pos) const;
 
     QWidget* m_photoFrame = nullptr;
     QByteArray m_pendingPanes; // a pane layout waiting for the window to show

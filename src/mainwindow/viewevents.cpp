@@ -8,6 +8,7 @@
 #include "contactlist/listhooks.h"
 #include "contactlist/listsort.h"
 #include "core/errorreport.h"
+#include "core/sendmail.h"
 #include "mainwindow/form1.h"
 #include "phonebook/store/dao.h"
 #include "support/controls/commandbars.h"
@@ -65,6 +66,25 @@ void Form1::connectViewEvents() {
     connect(ListView2, &ListView::ColumnClick, this, [this](ColumnHeader* column) {
         RunEvent("Form1.ListView2_ColumnClick", [&] { ListView2_ColumnClick(column); });
     });
+    connect(ListView1, &ListView::MouseMove, this, [this](Qt::MouseButtons, Qt::KeyboardModifiers, const QPoint& pos) {
+        ListView1->viewport()->setCursor(linkAt(pos).isEmpty() ? Qt::ArrowCursor : Qt::PointingHandCursor);
+    });
+    connect(ListView1, &ListView::MouseUp, this, [this](Qt::MouseButton, Qt::KeyboardModifiers, const QPoint& pos) {
+        RunEvent("Form1.ListView1_MouseUp", [&] { ListView1_MouseUp(pos); });
+    });
+}
+
+QString Form1::linkAt(const QPoint& pos) const {
+    int subItem = 0;
+    const ListItem* row = ListView1->HitTest(pos, &subItem);
+    // Only the value column holds links; a link is blue and carries its value in the Tag.
+    if (!row || subItem != 1 || row->CellForeColor(1) != QColor(0, 0, 255)) return QString();
+    return row->ListSubItems(1).Tag();
+}
+
+void Form1::ListView1_MouseUp(const QPoint& pos) {
+    const QString link = linkAt(pos);
+    if (!link.isEmpty()) mCommon::OpenLink(link);
 }
 
 // The hooks hold this window; the destructor empties them again.

@@ -5,9 +5,14 @@
 #include "card/cardform.h"
 #include "core/globals.h"
 #include "core/language.h"
+#include "core/commandids.h"
+#include "core/seams.h"
+#include "core/sendmail.h"
+#include "trees/treeselect.h"
 #include "app/mmain.h"
 #include "app/previnstance.h"
 #include "mainwindow/dockingpane.h"
+#include "mainwindow/connection.h"
 #include "mainwindow/form1.h"
 #include "phonebook/createdb.h"
 #include "preferences/mru.h"
@@ -356,3 +361,49 @@ TEST_F(View, RemoveFromFavoritesTakesTheContactOutOfTheFavoritesView) {
     // The end of the assignment is kept in the history.
     EXPECT_EQ(scalar(u"SELECT Count(*) FROM LoanHistory WHERE IDCD = %1 AND IDB = 1"_s.arg(dora)).toInt(), 1);
 }
+
+TEST_F(View, CommandsWithoutTheirActionStayDisabledWhateverTheState) {
+    Form1& f = start();
+    list().SetSelectedItem(list().ListItems(u"ID%1"_s.arg(ann)));
+    f.MenuUpdate();
+    for (int id : {int(cmd::ContactDelete), int(cmd::ContactCopy), int(cmd::ToolsSearch), int(cmd::ToolsReport),
+                   int(cmd::FileCompactDB), int(cmd::HelpAbout), int(cmd::MainDelete), int(cmd::MainPreferences)}) {
+        EXPECT_FALSE(action(id)->Enabled()) << id;
+        EXPECT_FALSE(action(id)->isEnabled()) << id;
+    }
+    for (int id : {int(cmd::FileNew), int(cmd::ContactProperties), int(cmd::MainProperties), int(cmd::ViewRefresh)})
+        EXPECT_TRUE(action(id)->Enabled()) << id;
+    // Closing the phonebook and opening it again enables the working commands only.
+    mCommon::NotConnected(true);
+    mCommon::NotConnected(false);
+    EXPECT_FALSE(action(cmd::ToolsSearch)->isEnabled());
+    EXPECT_TRUE(action(cmd::ContactAdd)->isEnabled());
+}
+
+TEST_F(View, AClickOnALinkValueOfTheDetailPaneOpensIt) {
+    Form1& f = start();
+    QStringList opened;
+    const ShellHandler old = SetShellHandler([&](const QString& target) {
+        opened << target;
+        return true;
+    });
+    mTV::SelectNode(*f.ListView1, u"ID%1"_s.arg(ann));
+    ListView& pane = *f.ListView1;
+    auto cellCentre = [&](const QString& value, int column) {
+        for (int row = 0; row < pane.ListItems.Count(); ++row)
+            if (pane.ListItems(row + 1)->CellText(1) == value)
+                return pane.visualRect(pane.model()->index(row, column)).center();
+        ADD_FAILURE() << value.toStdString() << " is not in the pane";
+        return QPoint();
+    };
+    QTest::mouseClick(pane.viewport(), Qt::LeftButton, {}, cellCentre(u"555 0101"_s, 1));
+    QTest::mouseClick(pane.viewport(), Qt::LeftButton, {}, cellCentre(u"ann@zeta.example"_s, 0));
+    EXPECT_TRUE(opened.isEmpty()); // a plain number, and the label beside a link
+    QTest::mouseClick(pane.viewport(), Qt::LeftButton, {}, cellCentre(u"ann@zeta.example"_s, 1));
+    EXPECT_EQ(opened, QStringList{u"mailto:ann@zeta.example"_s});
+    SetShellHandler(old);
+
+    EXPECT_EQ(mCommon::MailtoAddress(u"a@b.example"_s, u"Q & A\r\nnow"_s, u"Hi\n"_s, u"c@d"_s, QString(), QString()),
+              u"mailto:a@b.example?Subject=Q%20%26%20A%0D%0Anow&Body=Hi%0A%0D%0A&CC=c@d"_s);
+}
+

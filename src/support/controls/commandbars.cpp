@@ -16,8 +16,13 @@ CommandBarAction::CommandBarAction(int id, const QString& caption, ControlType t
 
 void CommandBarAction::SetEnabled(bool enabled) {
     m_enabled = enabled;
-    setEnabled(enabled);
-    emit EnabledSet(enabled);
+    setEnabled(Enabled());
+    emit EnabledSet(Enabled());
+}
+
+void CommandBarAction::SetAvailable(bool available) {
+    m_available = available;
+    SetEnabled(m_enabled);
 }
 
 CommandBars::CommandBars(QMainWindow* window) : QObject(window), m_window(window) {}
