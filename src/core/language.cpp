@@ -583,6 +583,23 @@ QString msgIncrease;
 QString msgDecrease;
 QString msgClearFavorites;
 
+// Start, File > New and the command line
+QString msgPhonebookFileMissing;
+QString msgPhonebookFolderMissing;
+QString msgPhonebookIsFolder;
+QString msgPhonebookNotOpened;
+QString msgOpenPhonebookButton;
+QString msgNewPhonebookButton;
+QString msgNewIsOpenPhonebook;
+QString msgReplacePhonebook;
+QString msgReplacePhonebookOneContact;
+QString msgReplaceFile;
+QString msgLoadingContacts;
+QString msgUsage;
+QString msgUsageDetails;
+QString msgUnknownOption;
+QString msgNoDisplay;
+
 QList<const QString*> AllTexts() {
     return {&msgFileFolder,
             &msgFile,
@@ -1111,7 +1128,23 @@ QList<const QString*> AllTexts() {
             &msgWordWrap,
             &msgIncrease,
             &msgDecrease,
-            &msgClearFavorites};
+            &msgClearFavorites,
+            // Start, File > New and the command line
+            &msgPhonebookFileMissing,
+            &msgPhonebookFolderMissing,
+            &msgPhonebookIsFolder,
+            &msgPhonebookNotOpened,
+            &msgOpenPhonebookButton,
+            &msgNewPhonebookButton,
+            &msgNewIsOpenPhonebook,
+            &msgReplacePhonebook,
+            &msgReplacePhonebookOneContact,
+            &msgReplaceFile,
+            &msgLoadingContacts,
+            &msgUsage,
+            &msgUsageDetails,
+            &msgUnknownOption,
+            &msgNoDisplay};
 }
 
 } // namespace mLanguageGobals
@@ -1771,6 +1804,23 @@ void lngEng() {
     msgIncrease = QStringLiteral("Increase");
     msgDecrease = QStringLiteral("Decrease");
     msgClearFavorites = QStringLiteral("Clear Favorites");
+
+    // Start, File > New and the command line
+    msgPhonebookFileMissing = QStringLiteral("The phonebook “%1” could not be opened because the file does not exist.");
+    msgPhonebookFolderMissing = QStringLiteral("The phonebook “%1” could not be opened because its folder does not exist.");
+    msgPhonebookIsFolder = QStringLiteral("“%1” could not be opened because it is a folder, not a phonebook file.");
+    msgPhonebookNotOpened = QStringLiteral("The phonebook “%1” could not be opened.");
+    msgOpenPhonebookButton = QStringLiteral("&Open Phonebook...");
+    msgNewPhonebookButton = QStringLiteral("&New Phonebook...");
+    msgNewIsOpenPhonebook = QStringLiteral("“%1” is the open phonebook. Choose another name for the new phonebook.");
+    msgReplacePhonebook = QStringLiteral("The phonebook “%1” already exists and holds %2 contacts. Replace it with a new, empty phonebook? Its contacts will be lost.");
+    msgReplacePhonebookOneContact = QStringLiteral("The phonebook “%1” already exists and holds 1 contact. Replace it with a new, empty phonebook? Its contact will be lost.");
+    msgReplaceFile = QStringLiteral("“%1” already exists. Replace it with a new, empty phonebook?");
+    msgLoadingContacts = QStringLiteral("Loading contacts...");
+    msgUsage = QStringLiteral("Usage: kelvarin [--help] [--version] [PHONEBOOK]");
+    msgUsageDetails = QStringLiteral("Opens PHONEBOOK, or else the phonebook used last. --help shows this text, --version the version.");
+    msgUnknownOption = QStringLiteral("Unknown option: %1");
+    msgNoDisplay = QStringLiteral("Kelvarin needs a graphical display, and none could be reached: start it from a desktop session.");
 
     // The size helpers write their units in the language of the catalogue.
     mCommon::SetSizeUnitTexts(msgBytes, msgKB, msgMB, msgGB);

@@ -644,6 +644,23 @@ extern QString msgIncrease;
 extern QString msgDecrease;
 extern QString msgClearFavorites;
 
+// Start, File > New and the command line (added as one block; %1, %2 are filled where used)
+extern QString msgPhonebookFileMissing;
+extern QString msgPhonebookFolderMissing;
+extern QString msgPhonebookIsFolder;
+extern QString msgPhonebookNotOpened;
+extern QString msgOpenPhonebookButton;
+extern QString msgNewPhonebookButton;
+extern QString msgNewIsOpenPhonebook;
+extern QString msgReplacePhonebook;
+extern QString msgReplacePhonebookOneContact;
+extern QString msgReplaceFile;
+extern QString msgLoadingContacts;
+extern QString msgUsage;
+extern QString msgUsageDetails;
+extern QString msgUnknownOption;
+extern QString msgNoDisplay;
+
 // Every variable above, in the order a language procedure assigns them.
 QList<const QString*> AllTexts();
 
