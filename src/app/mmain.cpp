@@ -271,10 +271,10 @@ void Main() {
         auto* form = new Form1();
         form->show();
         MainFormVisible = true;
-        paintNow(*form, connected ? msgLoadingContacts : QString());
-        std::unique_ptr<WaitCursor> busy(connected ? new WaitCursor : nullptr);
         form->SetNoImage();
         form->ROSwitch();
+        paintNow(*form, connected ? msgLoadingContacts : QString());
+        std::unique_ptr<WaitCursor> busy(connected ? new WaitCursor : nullptr);
         // 11.
         gNotConnected = !connected;
         // 12. A file given to the program enters the recent list at once.

@@ -24,7 +24,7 @@ FormNoPhonebook::FormNoPhonebook(const QString& reason, QWidget* parent) : QDial
     m_reason->setObjectName(QStringLiteral("lblReason"));
     m_reason->setWordWrap(true);
     m_reason->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_reason->setMinimumWidth(380);
+    m_reason->setMinimumWidth(440);
 
     auto* buttons = new QDialogButtonBox(this);
     OpenButton = buttons->addButton(msgOpenPhonebookButton, QDialogButtonBox::AcceptRole);
