@@ -38,6 +38,8 @@ QString PhonebookFromCommandLine(const QString& commandLine) {
     return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
 }
 
-QStringList UsageLines() { return {msgUsage, msgUsageDetails}; }
+QStringList UsageLines() {
+    return {msgUsage, msgUsageDetails};
+}
 
 } // namespace mMain

@@ -1,26 +1,26 @@
 #include "app/mmain.h"
 
-#include "core/errorreport.h"
-#include "core/globals.h"
-#include "core/language.h"
 #include "app/commandline.h"
 #include "app/nophonebook.h"
 #include "app/previnstance.h"
-#include "core/seams.h"
 #include "contactlist/columns.h"
 #include "contactlist/listfill.h"
 #include "contactlist/listsort.h"
-#include "preferences/settingdefaults.h"
-#include "preferences/settingvalue.h"
-#include "support/controls/listview.h"
-#include "mainwindow/form1.h"
+#include "core/errorreport.h"
+#include "core/globals.h"
+#include "core/language.h"
+#include "core/seams.h"
 #include "mainwindow/connection.h"
+#include "mainwindow/form1.h"
+#include "mainwindow/statusbar.h"
 #include "phonebook/login.h"
 #include "preferences/mru.h"
 #include "preferences/regsettings.h"
+#include "preferences/settingdefaults.h"
 #include "preferences/settings.h"
+#include "preferences/settingvalue.h"
+#include "support/controls/listview.h"
 #include "trees/viewstate.h"
-#include "mainwindow/statusbar.h"
 
 #include <QApplication>
 #include <QDir>
@@ -208,7 +208,9 @@ int Run(int argc, char** argv) {
     return rc;
 }
 
-void SetCommandLine(const QString& commandLine) { gCommandLine = commandLine; }
+void SetCommandLine(const QString& commandLine) {
+    gCommandLine = commandLine;
+}
 
 void Main() {
     RunEvent("mMain.Main", [] {
@@ -229,13 +231,15 @@ void Main() {
         gHandedOver.clear();
         mPrevInstance::SetRequestHandler(handOver);
         // 4. Recorded only.
-        gManifestPresent = QFile::exists(QCoreApplication::applicationDirPath() + QStringLiteral("/Kelvarin.exe.manifest"));
+        gManifestPresent =
+            QFile::exists(QCoreApplication::applicationDirPath() + QStringLiteral("/Kelvarin.exe.manifest"));
         gRuntimePresent = QFile::exists(QStringLiteral("msvbvm60.dll"));
         // 5. The file through which photos pass.
         gPhotoTempFile = QDir::tempPath() + QStringLiteral("/kvdb_photo");
         // 6. Preferences; the version is saved last, after the two steps that compare with it.
         // A stored value that cannot be read is reported, and the start goes on with defaults.
-        RunEvent("mRegSettings.CorrectingPreferencesFormat", [] { mRegSettings::CorrectingPreferencesFormat(); });
+        RunEvent("mRegSettings.CorrectingPreferencesFormat",
+                 [] { mRegSettings::CorrectingPreferencesFormat(); });
         RunEvent("mRegSettings.IniPreferences", [] { mRegSettings::IniPreferences(); });
         RunEvent("mRegSettings.ForceShowTipOfDay", [] { mRegSettings::ForceShowTipOfDay(); });
         RunEvent("mRegSettings.ResetPanesLayout", [] { mRegSettings::ResetPanesLayout(); });
@@ -249,7 +253,8 @@ void Main() {
             if (!QDir(DefaultFolder()).exists()) QDir().mkpath(DefaultFolder());
             const QString recent = GetSetting(AppTitle(), QStringLiteral("Recent"), QStringLiteral("1"));
             if (recent.isEmpty())
-                gDBPath = QFile::exists(ProgramFolderPhonebook()) ? ProgramFolderPhonebook() : DefaultPhonebook();
+                gDBPath =
+                    QFile::exists(ProgramFolderPhonebook()) ? ProgramFolderPhonebook() : DefaultPhonebook();
             else
                 gDBPath = QFileInfo(recent).isRelative() ? QFileInfo(recent).absoluteFilePath() : recent;
         }
@@ -292,10 +297,15 @@ void Main() {
         // 14. The list columns, and the sort the list had when it was last closed.
         mLV::IniList(*form->ListView1, mLV::lcDetails);
         mLV::IniList(*form->ListView2, mLV::lcContacts);
-        form->ListView2->SetSortKey(int(mRegSettings::SettingNumber(mRegSettings::ReadSetting(QStringLiteral("ColumnHeaders12\\Other"), QStringLiteral("SortKey")))));
+        form->ListView2->SetSortKey(int(mRegSettings::SettingNumber(
+            mRegSettings::ReadSetting(QStringLiteral("ColumnHeaders12\\Other"), QStringLiteral("SortKey")))));
         // The order is set the other way round: the sort of the same column turns it back to the
         // stored one. The list of the whole phonebook is filled once, now that it has its columns.
-        form->ListView2->SetSortOrder(mRegSettings::SettingBool(mRegSettings::ReadSetting(QStringLiteral("ColumnHeaders12\\Other"), QStringLiteral("SortOrder"))) ? 0 : 1);
+        form->ListView2->SetSortOrder(
+            mRegSettings::SettingBool(mRegSettings::ReadSetting(QStringLiteral("ColumnHeaders12\\Other"),
+                                                                QStringLiteral("SortOrder")))
+                ? 0
+                : 1);
         if (connected) mLV::FillDriveList(*form->ListView2, CurrentLetter, CurrentNodeKey);
         mLV::SwitchSortDisk(*form->ListView2, form->ListView2->SortKey(), true);
         busy.reset();

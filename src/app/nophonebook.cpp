@@ -46,7 +46,9 @@ FormNoPhonebook::FormNoPhonebook(const QString& reason, QWidget* parent) : QDial
     layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-QString FormNoPhonebook::Reason() const { return m_reason->text(); }
+QString FormNoPhonebook::Reason() const {
+    return m_reason->text();
+}
 
 namespace mMain {
 

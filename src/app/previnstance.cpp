@@ -26,8 +26,10 @@ void readRequests(QLocalSocket* s) {
     while (s->canReadLine()) {
         const QByteArray line = s->readLine().trimmed();
         QString phonebook;
-        if (line.startsWith("open ")) phonebook = QString::fromUtf8(QByteArray::fromBase64(line.mid(5)));
-        else if (line != "show") continue;
+        if (line.startsWith("open "))
+            phonebook = QString::fromUtf8(QByteArray::fromBase64(line.mid(5)));
+        else if (line != "show")
+            continue;
         if (handler()) handler()(phonebook);
     }
 }
@@ -63,7 +65,9 @@ void ShowPrevInstance(const QString& phonebook) {
     s.disconnectFromServer();
 }
 
-void SetRequestHandler(RequestHandler h) { handler() = std::move(h); }
+void SetRequestHandler(RequestHandler h) {
+    handler() = std::move(h);
+}
 
 void StopListening() {
     delete gServer;

@@ -4,14 +4,14 @@
 #include "core/error.h"
 #include "core/globals.h"
 #include "core/language.h"
+#include "core/seams.h"
+#include "mainwindow/connection.h"
 #include "mainwindow/form1.h"
 #include "phonebook/fileerrors.h"
-#include "mainwindow/connection.h"
 #include "phonebook/login.h"
+#include "phonebook/store/dao.h"
 #include "preferences/mru.h"
 #include "preferences/settings.h"
-#include "core/seams.h"
-#include "phonebook/store/dao.h"
 
 #include <QDir>
 #include <QFile>
@@ -59,7 +59,8 @@ int contactCount(const QString& path) {
         dao::Database db = ws.OpenDatabase(path, false, true, QStringLiteral(";pwd=vorla"));
         int count;
         {
-            dao::Recordset rs = db.OpenRecordset(QStringLiteral("SELECT Count(*) FROM CDs"), dao::dbOpenSnapshot);
+            dao::Recordset rs =
+                db.OpenRecordset(QStringLiteral("SELECT Count(*) FROM CDs"), dao::dbOpenSnapshot);
             count = rs.AtEOF() ? 0 : rs.Value(0).toInt();
             rs.Close();
         }
@@ -122,7 +123,8 @@ void Form1::fileNew() {
     mCommon::EditCaption();
     // The user has agreed above before an existing file is replaced.
     if (QFile::exists(path) && !QFile::remove(path))
-        throw dao::DbError(dao::errPathFile, QStringLiteral("Path/File access error: ") + path, QStringLiteral("Kelvarin"));
+        throw dao::DbError(dao::errPathFile, QStringLiteral("Path/File access error: ") + path,
+                           QStringLiteral("Kelvarin"));
     showLogin(mLogin::LoginCnn(false));
 }
 

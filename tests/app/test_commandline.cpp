@@ -24,7 +24,8 @@ TEST(CommandLineTest, NamesJoinAndOptionsAreReadWhereverTheyStand) {
               CommandLine::Help);
     EXPECT_EQ(mMain::ReadCommandLine({QStringLiteral("-v")}).action, CommandLine::Version);
     // Help wins over anything else on the line.
-    EXPECT_EQ(mMain::ReadCommandLine({QStringLiteral("--colour"), QStringLiteral("-h")}).action, CommandLine::Help);
+    EXPECT_EQ(mMain::ReadCommandLine({QStringLiteral("--colour"), QStringLiteral("-h")}).action,
+              CommandLine::Help);
 
     line = mMain::ReadCommandLine({QStringLiteral("--colour"), QStringLiteral("book.kvdb")});
     EXPECT_EQ(line.action, CommandLine::UnknownOption);
@@ -95,7 +96,8 @@ TEST(ProgramTest, HelpAndVersionAnswerWithoutAWindowOrADisplay) {
 
     Ran version = runProgram({QStringLiteral("--version")}, kNoDisplay);
     EXPECT_EQ(version.code, 0);
-    EXPECT_EQ(version.out, AppTitle() + QLatin1Char(' ') + mRegSettings::ProgramVersion() + QLatin1Char('\n'));
+    EXPECT_EQ(version.out,
+              AppTitle() + QLatin1Char(' ') + mRegSettings::ProgramVersion() + QLatin1Char('\n'));
 }
 
 TEST(ProgramTest, WithoutADisplayOneLineSaysSoAndTheProgramEnds) {
@@ -112,8 +114,10 @@ TEST(ProgramTest, WithoutADisplayOneLineSaysSoAndTheProgramEnds) {
 }
 
 TEST(ProgramTest, AnUnknownOptionIsNamedWithTheUsage) {
-    const Ran ran = runProgram({QStringLiteral("--colour")}, {{QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen")}});
+    const Ran ran = runProgram({QStringLiteral("--colour")},
+                               {{QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen")}});
     EXPECT_EQ(ran.code, 2);
-    EXPECT_TRUE(ran.err.contains(msgUnknownOption.arg(QStringLiteral("--colour")) + QLatin1Char('\n') + msgUsage))
+    EXPECT_TRUE(
+        ran.err.contains(msgUnknownOption.arg(QStringLiteral("--colour")) + QLatin1Char('\n') + msgUsage))
         << ran.err.toStdString();
 }

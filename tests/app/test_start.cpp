@@ -51,9 +51,10 @@ class Start : public TempDirTest {
         ASSERT_EQ(mAccess::CreateDB(file, false), 1);
         gWS.BeginTrans();
         for (int i = 1; i <= contacts; ++i)
-            gDB.Execute(QStringLiteral("INSERT INTO CDs (IDCD, ContactNumber, FullName, IDC, IDX, IDB, Label) "
-                                       "VALUES (%1, %1, 'Contact %1', 1, 1, -1, 'C')")
-                            .arg(i));
+            gDB.Execute(
+                QStringLiteral("INSERT INTO CDs (IDCD, ContactNumber, FullName, IDC, IDX, IDB, Label) "
+                               "VALUES (%1, %1, 'Contact %1', 1, 1, -1, 'C')")
+                    .arg(i));
         gWS.CommitTrans();
         mMain::Closing();
     }
@@ -142,7 +143,8 @@ TEST_F(Start, WithoutAPhonebookTheUserIsToldWhichFileAndWhyAndNothingIsMade) {
         {noFolder, msgPhonebookFolderMissing.arg(noFolder)},
         {folder, msgPhonebookIsFolder.arg(folder)},
         // What the opening found is told in the same window, not in a box of its own before it.
-        {damaged, msgPhonebookNotOpened.arg(damaged) + QStringLiteral("\n\n") + msgNotADatabaseFileOrCorrupted},
+        {damaged,
+         msgPhonebookNotOpened.arg(damaged) + QStringLiteral("\n\n") + msgNotADatabaseFileOrCorrupted},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.commandLine.toStdString());
@@ -238,7 +240,8 @@ class PaintWatch : public QObject {
     bool sawLoading = false;
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::Paint && gForm1 && watched == gForm1->StatusBar1 &&
-            gForm1->StatusBar1->PanelText(1) == msgLoadingContacts && gForm1->ListView2->ListItems.Count() == 0)
+            gForm1->StatusBar1->PanelText(1) == msgLoadingContacts &&
+            gForm1->ListView2->ListItems.Count() == 0)
             sawLoading = true;
         return false;
     }

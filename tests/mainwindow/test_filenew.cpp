@@ -39,12 +39,14 @@ class FileNew : public FormTest {
         ASSERT_EQ(mAccess::CreateDB(file, false), 1);
         gWS.BeginTrans();
         for (int i = 1; i <= contacts; ++i)
-            gDB.Execute(QStringLiteral("INSERT INTO CDs (IDCD, FullName, IDC, IDX) VALUES (%1, 'C%1', 1, 1)").arg(i));
+            gDB.Execute(
+                QStringLiteral("INSERT INTO CDs (IDCD, FullName, IDC, IDX) VALUES (%1, 'C%1', 1, 1)").arg(i));
         gWS.CommitTrans();
         mMain::Closing();
     }
     int contacts() {
-        dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT Count(*) FROM CDs"), dao::dbOpenSnapshot);
+        dao::Recordset rs =
+            gDB.OpenRecordset(QStringLiteral("SELECT Count(*) FROM CDs"), dao::dbOpenSnapshot);
         const int n = rs.Value(0).toInt();
         rs.Close();
         return n;
