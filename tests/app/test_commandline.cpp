@@ -6,7 +6,6 @@
 #include "preferences/regsettings.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFileInfo>
 #include <QProcess>
 #include <gtest/gtest.h>
@@ -20,8 +19,6 @@ TEST(CommandLineTest, NamesJoinAndOptionsAreReadWhereverTheyStand) {
     EXPECT_EQ(line.action, CommandLine::Start);
     EXPECT_EQ(line.phonebook, QStringLiteral("my book.kvdb"));
 
-    EXPECT_EQ(mMain::ReadCommandLine({QStringLiteral("book.kvdb"), QStringLiteral("--help")}).action,
-              CommandLine::Help);
     EXPECT_EQ(mMain::ReadCommandLine({QStringLiteral("-v")}).action, CommandLine::Version);
     // Help wins over anything else on the line.
     EXPECT_EQ(mMain::ReadCommandLine({QStringLiteral("--colour"), QStringLiteral("-h")}).action,
@@ -35,14 +32,6 @@ TEST(CommandLineTest, NamesJoinAndOptionsAreReadWhereverTheyStand) {
     line = mMain::ReadCommandLine({QStringLiteral("--"), QStringLiteral("--help.kvdb")});
     EXPECT_EQ(line.action, CommandLine::Start);
     EXPECT_EQ(line.phonebook, QStringLiteral("--help.kvdb"));
-}
-
-TEST(CommandLineTest, APhonebookPathIsMadeAbsoluteAndClean) {
-    EXPECT_EQ(mMain::PhonebookFromCommandLine(QString()), QString());
-    EXPECT_EQ(mMain::PhonebookFromCommandLine(QStringLiteral("\"big/../big/book.kvdb\"")),
-              QDir::currentPath() + QStringLiteral("/big/book.kvdb"));
-    EXPECT_EQ(mMain::PhonebookFromCommandLine(QStringLiteral("/srv/books//book.kvdb")),
-              QStringLiteral("/srv/books/book.kvdb"));
 }
 
 namespace {
