@@ -1,7 +1,5 @@
 #include "app/previnstance.h"
 
-#include "app/mmain.h"
-
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QStandardPaths>
@@ -11,10 +9,29 @@ namespace mPrevInstance {
 namespace {
 QLocalServer* gServer = nullptr;
 
+RequestHandler& handler() {
+    static RequestHandler h;
+    return h;
+}
+
 QString serverName() {
     // One name per user and settings location, so that tests with their own home don't meet the user's copy.
     const QString home = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     return QStringLiteral("kelvarin-") + QString::number(qHash(home), 16);
+}
+
+// One request a line: "show", or "open " and the phonebook's path in Base64 of UTF-8, so that
+// any character of a path passes.
+void readRequests(QLocalSocket* s) {
+    while (s->canReadLine()) {
+        const QByteArray line = s->readLine().trimmed();
+        QString phonebook;
+        if (line.startsWith("open "))
+            phonebook = QString::fromUtf8(QByteArray::fromBase64(line.mid(5)));
+        else if (line != "show")
+            continue;
+        if (handler()) handler()(phonebook);
+    }
 }
 } // namespace
 
@@ -31,9 +48,7 @@ bool PrevInstance() {
         gServer->listen(serverName());
         QObject::connect(gServer, &QLocalServer::newConnection, [] {
             while (QLocalSocket* s = gServer->nextPendingConnection()) {
-                QObject::connect(s, &QLocalSocket::readyRead, s, [s] {
-                    if (s->readAll().contains("show")) mMain::MainFormShow();
-                });
+                QObject::connect(s, &QLocalSocket::readyRead, s, [s] { readRequests(s); });
                 QObject::connect(s, &QLocalSocket::disconnected, s, &QObject::deleteLater);
             }
         });
@@ -41,13 +56,17 @@ bool PrevInstance() {
     return false;
 }
 
-void ShowPrevInstance() {
+void ShowPrevInstance(const QString& phonebook) {
     QLocalSocket s;
     s.connectToServer(serverName());
     if (!s.waitForConnected(1000)) return; // nothing found: end silently all the same
-    s.write("show\n");
+    s.write(phonebook.isEmpty() ? QByteArray("show\n") : "open " + phonebook.toUtf8().toBase64() + "\n");
     s.waitForBytesWritten(1000);
     s.disconnectFromServer();
+}
+
+void SetRequestHandler(RequestHandler h) {
+    handler() = std::move(h);
 }
 
 void StopListening() {

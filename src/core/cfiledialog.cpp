@@ -38,6 +38,7 @@ bool CFileDialog::Show(bool saveMode) {
     dlg.setAcceptMode(saveMode ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dlg.setFileMode(saveMode ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     if (!Extension.isEmpty()) dlg.setDefaultSuffix(Extension);
+    dlg.setOption(QFileDialog::DontConfirmOverwrite, !ConfirmOverwrite);
     if (!FileName.isEmpty()) dlg.selectFile(FileName);
     if (dlg.exec() != QDialog::Accepted || dlg.selectedFiles().isEmpty()) return false;
     FileName = dlg.selectedFiles().first();

@@ -14,6 +14,7 @@ public:
     QString InitDir;
     QString FileName;  // the proposed name in, the chosen full path out
     QWidget* Owner = nullptr;
+    bool ConfirmOverwrite = true; // save mode: the dialog asks before an existing file is chosen
 
     // Shows the dialog; true when the user chose a file (FileName holds it).
     bool Show(bool saveMode);

@@ -4,13 +4,16 @@
 #include "core/error.h"
 #include "core/globals.h"
 #include "core/language.h"
+#include "core/seams.h"
+#include "mainwindow/connection.h"
 #include "mainwindow/form1.h"
 #include "phonebook/fileerrors.h"
-#include "mainwindow/connection.h"
 #include "phonebook/login.h"
+#include "phonebook/store/dao.h"
 #include "preferences/mru.h"
 #include "preferences/settings.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -28,6 +31,63 @@ QString withOneExtension(QString path) {
 QString recentFolder() {
     const QString recent = GetSetting(AppTitle(), QStringLiteral("Recent"), QStringLiteral("1"));
     return QFileInfo(recent.isEmpty() ? DefaultPhonebook() : recent).absolutePath();
+}
+
+// The default phonebook's name, numbered from 2 when `folder` already has a file of that name:
+// "phonebook.kvdb", "phonebook 2.kvdb", "phonebook 3.kvdb"...
+QString freePhonebookName(const QString& folder) {
+    const QFileInfo def(DefaultPhonebook());
+    const QString base = def.completeBaseName();
+    const QString suffix = QStringLiteral(".") + def.suffix();
+    const QDir dir(folder);
+    QString name = base + suffix;
+    for (int n = 2; dir.exists(name); ++n)
+        name = base + QLatin1Char(' ') + QString::number(n) + suffix;
+    return name;
+}
+
+bool sameFile(const QString& a, const QString& b) {
+    const QString ca = QFileInfo(a).canonicalFilePath();
+    return !ca.isEmpty() && ca == QFileInfo(b).canonicalFilePath();
+}
+
+// The number of contacts in the phonebook `path`, read without disturbing the open one; -1 when
+// the file cannot be read as a phonebook.
+int contactCount(const QString& path) {
+    try {
+        dao::Workspace ws;
+        dao::Database db = ws.OpenDatabase(path, false, true, QStringLiteral(";pwd=vorla"));
+        int count;
+        {
+            dao::Recordset rs =
+                db.OpenRecordset(QStringLiteral("SELECT Count(*) FROM CDs"), dao::dbOpenSnapshot);
+            count = rs.AtEOF() ? 0 : rs.Value(0).toInt();
+            rs.Close();
+        }
+        db.Close();
+        ws.Close();
+        return count;
+    } catch (const HuntERR::Error&) {
+        HuntERR::ClearPendingStack(); // not a phonebook: the question says so by not counting
+        return -1;
+    }
+}
+
+// Whether the new phonebook may be made at `path`. The open phonebook is never replaced; another
+// existing file is replaced only when the user agrees to a question that names it and, for a
+// phonebook, its number of contacts. A folder of that name is left to the creation, which refuses it.
+bool mayCreateAt(const QString& path) {
+    const QFileInfo file(path);
+    if (!file.exists() || file.isDir()) return true;
+    if (gDBOpen && sameFile(path, gDBPath)) {
+        MsgBox(msgNewIsOpenPhonebook.arg(path), vb::vbOKOnly, vb::vbExclamation);
+        return false;
+    }
+    const int count = contactCount(path);
+    const QString question = count < 0    ? msgReplaceFile.arg(path)
+                             : count == 1 ? msgReplacePhonebookOneContact.arg(path)
+                                          : msgReplacePhonebook.arg(path).arg(count);
+    return MsgBox(question, vb::vbYesNo | vb::vbDefaultButton2, vb::vbExclamation) == vb::vbYes;
 }
 } // namespace
 
@@ -50,17 +110,21 @@ void Form1::fileNew() {
     dlg.Mask = kMask;
     dlg.Title = msgCreatePhonebook;
     dlg.InitDir = recentFolder();
-    dlg.FileName = QFileInfo(DefaultPhonebook()).fileName();
+    dlg.FileName = freePhonebookName(dlg.InitDir);
+    // The name is mended below, so the dialog's own question could name another file: ours follows.
+    dlg.ConfirmOverwrite = false;
     if (!dlg.Show(true) || dlg.FileName.isEmpty()) return;
     const QString path = withOneExtension(dlg.FileName);
+    if (!mayCreateAt(path)) return;
     mMru::AddToMRUList(path);
     gDBPath = path;
     mCommon::Disconnect();
     mCommon::NotConnected(true);
     mCommon::EditCaption();
-    // The save dialog has already asked before the file is replaced.
+    // The user has agreed above before an existing file is replaced.
     if (QFile::exists(path) && !QFile::remove(path))
-        throw dao::DbError(dao::errPathFile, QStringLiteral("Path/File access error: ") + path, QStringLiteral("Kelvarin"));
+        throw dao::DbError(dao::errPathFile, QStringLiteral("Path/File access error: ") + path,
+                           QStringLiteral("Kelvarin"));
     showLogin(mLogin::LoginCnn(false));
 }
 
@@ -94,6 +158,13 @@ void Form1::mnuFileClear_Click() {
 void Form1::mnuFileExit_Click() {
     HUNT_PLACE("Form1.mnuFileExit_Click");
     close();
+}
+
+void Form1::OpenPhonebook(const QString& path) {
+    HUNT_PLACE("Form1.OpenPhonebook(path)", path);
+    if (path.isEmpty() || (path == gDBPath && !gNotConnected)) return;
+    mMru::AddToMRUList(path);
+    openChosen(path);
 }
 
 // The common road of Open and Recent once the path is known.

@@ -121,6 +121,8 @@ class Form1 : public QMainWindow, public mTV::MainWindow {
     void mnuFileMRU_Click(int Index);
     void mnuFileClear_Click();
     void mnuFileExit_Click();
+    // Opens `path` as File > Open does once a file is chosen (a phonebook handed over by a second start).
+    void OpenPhonebook(const QString& path);
 
     // Commands on the tree and the contacts.
     void mnuViewMainRefresh_Click();

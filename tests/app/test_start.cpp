@@ -1,40 +1,76 @@
-// The start: which phonebook is chosen and opened, and what is left when it cannot be.
+// The start: which phonebook is chosen and opened, what the user is told when none can be, how
+// the window comes up, and what a second start does.
+#include "app/mmain.h"
+#include "app/nophonebook.h"
+#include "app/previnstance.h"
+#include "core/cfiledialog.h"
 #include "core/globals.h"
 #include "core/language.h"
-#include "app/mmain.h"
-#include "app/previnstance.h"
 #include "mainwindow/form1.h"
+#include "mainwindow/statusbar.h"
 #include "phonebook/createdb.h"
 #include "preferences/mru.h"
 #include "preferences/settings.h"
+#include "support/controls/listview.h"
 #include "support/fixture.h"
 
+#include <QApplication>
 #include <QCoreApplication>
+#include <QDialog>
 #include <QDir>
 #include <QFile>
+#include <QPushButton>
+#include <QTest>
 
 using fixture::TempDirTest;
+using namespace mLanguageGobals;
 
 class Start : public TempDirTest {
-protected:
+  protected:
+    void SetUp() override {
+        TempDirTest::SetUp();
+        m_folder = QDir::currentPath();
+    }
     void TearDown() override {
-        delete gForm1;
-        mMain::Closing();
-        mPrevInstance::StopListening();
+        CFileDialog::SetHandler({});
+        endRun();
         mMain::SetCommandLine(QString());
+        QDir::setCurrent(m_folder);
         QFile::remove(DefaultPhonebook());
         TempDirTest::TearDown();
     }
+    // What the process does when it ends.
+    void endRun() {
+        delete gForm1;
+        mMain::Closing();
+        mPrevInstance::StopListening();
+    }
     QString recent(int n) { return GetSetting(AppTitle(), QStringLiteral("Recent"), QString::number(n)); }
-    void makePhonebook(const QString& file) {
+    void makePhonebook(const QString& file, int contacts = 0) {
         ASSERT_EQ(mAccess::CreateDB(file, false), 1);
+        gWS.BeginTrans();
+        for (int i = 1; i <= contacts; ++i)
+            gDB.Execute(
+                QStringLiteral("INSERT INTO CDs (IDCD, ContactNumber, FullName, IDC, IDX, IDB, Label) "
+                               "VALUES (%1, %1, 'Contact %1', 1, 1, -1, 'C')")
+                    .arg(i));
+        gWS.CommitTrans();
         mMain::Closing();
     }
-    // Main with the windows it would open answered: the preferences window a failed start shows.
-    void runMain() {
-        fixture::ModalRecorder dialogs([](QDialog*) { return 0; });
+    // Main with the window a start without a phonebook shows answered by `choice`; the reasons
+    // that window gave are kept, one per showing.
+    void runMain(int choice = FormNoPhonebook::ChoiceClose) {
+        fixture::ModalRecorder dialogs([this, choice](QDialog* d) {
+            auto* window = qobject_cast<FormNoPhonebook*>(d);
+            EXPECT_NE(window, nullptr);
+            if (!window) return 0;
+            reasons << window->Reason();
+            return choice;
+        });
         mMain::Main();
     }
+    QStringList reasons;
+    QString m_folder;
 };
 
 TEST_F(Start, TheFirstStartMakesTheDefaultPhonebook) {
@@ -47,6 +83,7 @@ TEST_F(Start, TheFirstStartMakesTheDefaultPhonebook) {
     ASSERT_NE(gForm1, nullptr);
     EXPECT_TRUE(gForm1->windowTitle().contains(DefaultPhonebook()));
     EXPECT_TRUE(recent(1).isEmpty()); // the default file is not added to the list by itself
+    EXPECT_TRUE(reasons.isEmpty());
 }
 
 TEST_F(Start, AQuotedPathWithBlanksOnTheCommandLineOpensThatFile) {
@@ -62,32 +99,115 @@ TEST_F(Start, AQuotedPathWithBlanksOnTheCommandLineOpensThatFile) {
     EXPECT_FALSE(QFile::exists(DefaultPhonebook()));
 }
 
-TEST_F(Start, AMissingFileNamedOnTheCommandLineIsNotMade) {
-    mMain::SetCommandLine(path(QStringLiteral("gone.kvdb")));
+TEST_F(Start, ARelativePathIsKeptAbsoluteSoALaterStartElsewhereFindsIt) {
+    QDir().mkpath(path(QStringLiteral("big")));
+    const QString file = path(QStringLiteral("big/book.kvdb"));
+    makePhonebook(file);
+    QDir::setCurrent(m_dir.path());
+    mMain::SetCommandLine(QStringLiteral("big/./book.kvdb"));
     runMain();
-    EXPECT_TRUE(gNotConnected);
-    EXPECT_FALSE(QFile::exists(path(QStringLiteral("gone.kvdb"))));
-    EXPECT_TRUE(gMainFormShown); // the window comes up, not connected
+    EXPECT_FALSE(gNotConnected);
+    EXPECT_EQ(gDBPath, file);
+    EXPECT_EQ(recent(1), file);
+    EXPECT_EQ(gForm1->windowTitle(), AppTitle() + QStringLiteral(" - ") + file);
+    endRun();
+
+    // The next start, from another folder and with no file named, opens it from the recent list.
+    QDir::setCurrent(QDir::rootPath());
+    mMain::SetCommandLine(QString());
+    runMain();
+    EXPECT_FALSE(gNotConnected);
+    EXPECT_EQ(gDBPath, file);
+    EXPECT_TRUE(reasons.isEmpty());
 }
 
-TEST_F(Start, TheNewestRecentEntryOpensAndAVanishedOneStaysListed) {
+TEST_F(Start, WithoutAPhonebookTheUserIsToldWhichFileAndWhyAndNothingIsMade) {
+    const QString damaged = path(QStringLiteral("letter.kvdb"));
+    QFile letter(damaged);
+    ASSERT_TRUE(letter.open(QIODevice::WriteOnly));
+    letter.write("Dear Ann,\n");
+    letter.close();
+    QDir().mkpath(path(QStringLiteral("books.kvdb")));
+
+    const QString gone = path(QStringLiteral("gone.kvdb"));
+    const QString noFolder = path(QStringLiteral("no such folder/book.kvdb"));
+    const QString folder = path(QStringLiteral("books.kvdb"));
+    const struct {
+        QString commandLine;
+        QString reason;
+    } cases[] = {
+        {gone, msgPhonebookFileMissing.arg(gone)},
+        {noFolder, msgPhonebookFolderMissing.arg(noFolder)},
+        {folder, msgPhonebookIsFolder.arg(folder)},
+        // What the opening found is told in the same window, not in a box of its own before it.
+        {damaged,
+         msgPhonebookNotOpened.arg(damaged) + QStringLiteral("\n\n") + msgNotADatabaseFileOrCorrupted},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.commandLine.toStdString());
+        reasons.clear();
+        mMain::SetCommandLine(c.commandLine);
+        fixture::MsgBoxRecorder boxes;
+        runMain();
+        EXPECT_TRUE(boxes.boxes.isEmpty());
+        EXPECT_EQ(reasons, QStringList{c.reason});
+        EXPECT_TRUE(gMainFormShown); // the window comes up, without a phonebook
+        EXPECT_TRUE(gNotConnected);
+        EXPECT_EQ(gForm1->windowTitle(), AppTitle());
+        endRun();
+    }
+    EXPECT_FALSE(QFile::exists(gone));
+    EXPECT_FALSE(QDir(path(QStringLiteral("no such folder"))).exists());
+    EXPECT_TRUE(QDir(folder).exists());
+    ASSERT_TRUE(letter.open(QIODevice::ReadOnly));
+    EXPECT_EQ(letter.readAll(), QByteArray("Dear Ann,\n"));
+}
+
+TEST_F(Start, AVanishedRecentEntryIsNamedAndStaysListed) {
     const QString file = path(QStringLiteral("last.kvdb"));
     makePhonebook(file);
     SaveSetting(AppTitle(), QStringLiteral("Recent"), QStringLiteral("1"), file);
     runMain();
     EXPECT_EQ(gDBPath, file);
     EXPECT_FALSE(gNotConnected);
-    delete gForm1;
-    mMain::Closing();
-    mPrevInstance::StopListening();
+    endRun();
 
     QFile::remove(file);
-    fixture::MsgBoxRecorder boxes;
     runMain();
     EXPECT_TRUE(gNotConnected);
-    EXPECT_TRUE(boxes.boxes.isEmpty()); // a missing file at start is no failure
+    EXPECT_EQ(reasons, QStringList{msgPhonebookFileMissing.arg(file)});
     EXPECT_FALSE(QFile::exists(file));
     EXPECT_EQ(recent(1), file);
+}
+
+TEST_F(Start, TheWindowWithoutAPhonebookOpensOneAndComesBackWhenNothingWasChosen) {
+    const QString other = path(QStringLiteral("other.kvdb"));
+    makePhonebook(other, 2);
+    mMain::SetCommandLine(path(QStringLiteral("gone.kvdb")));
+    bool answer = true;
+    CFileDialog::SetHandler([&](CFileDialog& dialog, bool) {
+        dialog.FileName = other;
+        return answer;
+    });
+
+    runMain(FormNoPhonebook::ChoiceOpen);
+    EXPECT_EQ(reasons.size(), 1);
+    EXPECT_FALSE(gNotConnected);
+    EXPECT_EQ(gDBPath, other);
+    EXPECT_EQ(gForm1->ListView2->ListItems.Count(), 2);
+    endRun();
+
+    // The chooser cancelled: the window shows again, until it is closed.
+    reasons.clear();
+    answer = false;
+    int shown = 0;
+    fixture::ModalRecorder dialogs([&shown](QDialog*) {
+        return ++shown < 3 ? int(FormNoPhonebook::ChoiceOpen) : int(FormNoPhonebook::ChoiceClose);
+    });
+    mMain::Main();
+    EXPECT_EQ(shown, 3);
+    EXPECT_TRUE(gNotConnected);
+    EXPECT_TRUE(gMainFormShown);
 }
 
 TEST_F(Start, APhonebookBesideTheProgramWinsOverTheDefault) {
@@ -99,19 +219,92 @@ TEST_F(Start, APhonebookBesideTheProgramWinsOverTheDefault) {
     EXPECT_EQ(gDBPath, beside);
     EXPECT_TRUE(QDir(DefaultFolder()).exists()); // made all the same, empty
     EXPECT_FALSE(QFile::exists(DefaultPhonebook()));
-    delete gForm1;
-    mMain::Closing();
+    endRun();
     QFile::remove(beside);
 }
 
-TEST_F(Start, ASecondStartOnlyRaisesTheFirst) {
+// The window is drawn, with the status bar saying what happens, before the phonebook fills it.
+class PaintWatch : public QObject {
+  public:
+    bool sawLoading = false;
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Paint && gForm1 && watched == gForm1->StatusBar1 &&
+            gForm1->StatusBar1->PanelText(1) == msgLoadingContacts &&
+            gForm1->ListView2->ListItems.Count() == 0)
+            sawLoading = true;
+        return false;
+    }
+};
+
+TEST_F(Start, TheWindowIsDrawnBeforeItFillsAndCarriesAnIconOfEveryUsualSize) {
+    const QString file = path(QStringLiteral("book.kvdb"));
+    makePhonebook(file, 40);
+    mMain::SetCommandLine(file);
+    PaintWatch watch;
+    qApp->installEventFilter(&watch);
     runMain();
-    ASSERT_TRUE(gMainFormShown);
-    Form1* first = gForm1;
-    gMainFormShown = false;
-    mMain::SetCommandLine(path(QStringLiteral("other.kvdb")));
-    mMain::Main(); // the first instance answers, so this one leaves at once
-    EXPECT_EQ(gForm1, first);
+    qApp->removeEventFilter(&watch);
+    EXPECT_TRUE(watch.sawLoading);
+    EXPECT_EQ(gForm1->ListView2->ListItems.Count(), 40);
+    EXPECT_TRUE(gForm1->StatusBar1->PanelText(1).startsWith(msgTodayColon));
+    EXPECT_FALSE(QApplication::overrideCursor());
+
+    const QList<QSize> sizes = gForm1->windowIcon().availableSizes();
+    for (int side : {16, 24, 32, 48, 64, 128, 256})
+        EXPECT_TRUE(sizes.contains(QSize(side, side))) << side;
+    EXPECT_EQ(gForm1->windowIcon().pixmap(QSize(256, 256), 1.0).size(), QSize(256, 256));
+}
+
+class SecondStart : public Start {
+  protected:
+    // The first instance is up on the default phonebook; `other` waits beside it.
+    void SetUp() override {
+        Start::SetUp();
+        other = path(QStringLiteral("other.kvdb"));
+        makePhonebook(other, 3);
+        runMain();
+        ASSERT_TRUE(gMainFormShown);
+        first = gForm1;
+    }
+    // A second start with `commandLine` in this process: the first instance answers it.
+    void startAgain(const QString& commandLine) {
+        gMainFormShown = false;
+        mMain::SetCommandLine(commandLine);
+        mMain::Main();
+        EXPECT_EQ(gForm1, first); // the second leaves at once, with no window of its own
+        gMainFormShown = true;
+    }
+    bool waitForOther() {
+        return QTest::qWaitFor([this] { return gDBPath == other && gDBOpen; }, 3000);
+    }
+    QString other;
+    Form1* first = nullptr;
+};
+
+TEST_F(SecondStart, BringsTheFirstForwardAndHandsItsPhonebookOver) {
+    first->hide();
+    startAgain(QString());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return first->isVisible(); }, 3000));
     EXPECT_EQ(gDBPath, DefaultPhonebook());
-    EXPECT_FALSE(gMainFormShown);
+
+    first->showMinimized();
+    QDir::setCurrent(m_dir.path()); // named as the second start's own folder sees it
+    startAgain(QStringLiteral("other.kvdb"));
+    ASSERT_TRUE(waitForOther());
+    EXPECT_FALSE(gNotConnected);
+    EXPECT_EQ(recent(1), other); // as File > Open would
+    EXPECT_EQ(first->ListView2->ListItems.Count(), 3);
+    EXPECT_FALSE(first->isMinimized());
+}
+
+TEST_F(SecondStart, APhonebookHandedOverWaitsForAnOpenDialogToClose) {
+    QDialog busy(first);
+    busy.setWindowModality(Qt::ApplicationModal);
+    busy.show();
+    startAgain(other);
+    QTest::qWait(400);
+    EXPECT_EQ(gDBPath, DefaultPhonebook()); // nothing closes under the user's dialog
+    busy.close();
+    ASSERT_TRUE(waitForOther());
+    EXPECT_FALSE(gNotConnected);
 }

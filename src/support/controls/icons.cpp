@@ -691,8 +691,15 @@ void RegisterImages(ImageList& list) {
         list.Add(key, Image(key));
 }
 
+// The window and the desktop pick the size they need from the usual icon sizes, each one drawn
+// at that size.
 QIcon AppIcon() {
-    return Image(QStringLiteral("Tray256"));
+    const Draw draw = images().value(QStringLiteral("Tray256"));
+    DrawnIconEngine engine(draw);
+    QIcon icon;
+    for (int side : {16, 22, 24, 32, 48, 64, 128, 256})
+        icon.addPixmap(engine.pixmap(QSize(side, side), QIcon::Normal, QIcon::Off));
+    return icon;
 }
 
 QPixmap NoPhotoPicture(const QSize& size) {
