@@ -299,7 +299,8 @@ TEST(ListView, SortByGivenKeysLeavesCellsAndSortedAlone) {
 
 TEST(ListView, SortKeysOrderTextsAsTheTextOrderDoes) {
     const QStringList texts{"abc",   "ABD", "ab",    "",       "\u00c4pfel", "\u00e4pfel", "apfel", "zebra ",
-                            "Zebra", "b10", "b9",    " lead", "a-b",         "\u03a9mega", "\u03c9mega"};
+                            "Zebra", "b10", "b9",    " lead", "a-b",         "\u03a9mega", "\u03c9mega",
+                            "\u0141ukasz", "Lukas", "Stra\u00dfe", "Strasse", "e\u0301", "\u00c9", "_x"};
     TextOrder::Keys keys;
     keys.Reserve(size_t(texts.size()));
     for (qsizetype i = 0; i < texts.size(); ++i) {

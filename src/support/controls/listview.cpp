@@ -51,24 +51,39 @@ bool ListView::before(const QString& a, const QString& b) const {
 }
 
 void ListView::SetSorted(bool sorted) {
+    m_sortRule = nullptr;
     m_sorted = sorted;
     if (sorted) sortRows();
 }
 
 void ListView::SetSortKey(int column) {
+    m_sortRule = nullptr;
     m_sortKey = std::max(column, 0);
     if (m_sorted) sortRows();
 }
 
 void ListView::SetSortOrder(int order) {
     m_sortOrder = order == lvwDescending ? lvwDescending : lvwAscending;
-    if (m_sorted) sortRows();
+    if (m_sorted || m_sortRule) sortRows();
+}
+
+QString ListView::ruleText(const ListItem* item) const {
+    QString text;
+    m_sortRule(*item, text);
+    return text;
 }
 
 int ListView::sortedPlace(const ListItem* item) const {
     // After the rows it does not sort before, so equal texts keep the order they came in.
-    const QString text = item->CellText(m_sortKey);
     const auto& rows = ListItems.m_rows;
+    if (m_sortRule) {
+        const QString text = ruleText(item);
+        const auto it =
+            std::upper_bound(rows.begin(), rows.end(), text,
+                             [this](const QString& t, const ListItem* r) { return before(t, ruleText(r)); });
+        return int(it - rows.begin());
+    }
+    const QString text = item->CellText(m_sortKey);
     const auto it =
         std::upper_bound(rows.begin(), rows.end(), text, [this](const QString& t, const ListItem* r) {
             return before(t, r->CellText(m_sortKey));
@@ -88,14 +103,29 @@ void ListView::sortNow(bool tellView) {
     // One collation key per row, then a stable sort of the row numbers by key.
     TextOrder::Keys keys;
     keys.Reserve(size_t(ListItems.Count()));
-    for (const ListItem* r : ListItems)
-        keys.Add(r->CellView(m_sortKey));
+    if (m_sortRule) {
+        QString text; // reused from row to row
+        for (const ListItem* r : ListItems) {
+            text.truncate(0);
+            m_sortRule(*r, text);
+            keys.Add(text);
+        }
+    } else {
+        for (const ListItem* r : ListItems)
+            keys.Add(r->CellView(m_sortKey));
+    }
     sortNow(tellView, keys);
 }
 
 void ListView::SortByKeys(const TextOrder::Keys& keys) {
+    m_sortRule = nullptr;
     if (keys.Count() != size_t(ListItems.Count())) return;
     sortNow(m_updates == 0, keys);
+}
+
+void ListView::SortByRule(SortTextRule rule) {
+    m_sortRule = std::move(rule);
+    if (m_sortRule) sortNow(m_updates == 0);
 }
 
 void ListView::sortNow(bool tellView, const TextOrder::Keys& keys) {
@@ -127,7 +157,7 @@ void ListView::sortNow(bool tellView, const TextOrder::Keys& keys) {
 }
 
 void ListView::placeRow(ListItem* item) {
-    // A row whose sort text changed while Sorted is on moves to its new place.
+    // A row whose sort text changed while a sort is kept moves to its new place.
     if (m_updates > 0) {
         m_sortPending = true;
         return;
@@ -144,6 +174,18 @@ void ListView::placeRow(ListItem* item) {
     rows.insert(rows.begin() + to, item);
     ListItems.renumber(std::min(from, to));
     m_model->endMoveRow();
+}
+
+int ListView::placeOfNewRow(const ListItem* item, int row) {
+    if (m_sortRule && m_updates > 0) {
+        m_sortPending = true;
+        return row;
+    }
+    return m_sorted || m_sortRule ? sortedPlace(item) : row;
+}
+
+void ListView::tagChanged(ListItem* item) {
+    if (m_sortRule) placeRow(item);
 }
 
 // ---- selection
@@ -293,7 +335,7 @@ void ListView::EndUpdate() {
 
 void ListView::itemChanged(ListItem* item, int column) {
     if (m_updates == 0) m_model->cellChanged(item->m_row, column);
-    if (m_sorted && (column == m_sortKey || column < 0)) placeRow(item);
+    if (m_sortRule || (m_sorted && (column == m_sortKey || column < 0))) placeRow(item);
 }
 
 void ListView::rowsInserting(int row) {
@@ -321,6 +363,7 @@ void ListView::itemGone(ListItem* item) {
 }
 
 void ListView::resetting(bool begin) {
+    if (begin) m_sortRule = nullptr; // a list filled afresh is sorted afresh
     if (m_updates > 0) return;
     if (begin)
         m_model->beginReset();
