@@ -1,19 +1,21 @@
 // The command structure of the main window: menu bar, toolbars, the contact list's pop-up and
 // the key bindings, all made here with their ids.
+#include "core/commandids.h"
 #include "core/error.h"
 #include "core/globals.h"
 #include "core/language.h"
-#include "core/commandids.h"
 #include "mainwindow/form1.h"
-#include "support/controls/icons.h"
 #include "preferences/mru.h"
 #include "preferences/preferences.h"
 #include "preferences/settings.h"
 #include "support/controls/commandbars.h"
+#include "support/controls/icons.h"
 #include "support/controls/listview.h"
+#include "support/controls/treeview.h"
 
 #include <QMenu>
 #include <QMenuBar>
+#include <QSet>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -22,6 +24,79 @@ using namespace mLanguageGobals;
 namespace {
 constexpr ControlType kPlain = ControlType::Button;
 constexpr ControlType kRadio = ControlType::RadioButton;
+
+// The mnemonic of a caption: the character after its first single "&", null for none.
+QChar mnemonicOf(const QString& caption) {
+    for (qsizetype i = 0; i + 1 < caption.size(); ++i) {
+        if (caption.at(i) != QLatin1Char('&')) continue;
+        if (caption.at(i + 1) != QLatin1Char('&')) return caption.at(i + 1).toLower();
+        ++i;
+    }
+    return QChar();
+}
+
+// Gives each entry of a menu bar or menu, and of its sub-menus, a mnemonic of its own within
+// that menu: the first letter of one of its words that no entry before it took, else any other
+// letter of it. An entry that has one keeps it. The captions come from the message catalogue,
+// so the letters are chosen here rather than written into them.
+void assignMnemonics(QWidget* menu) {
+    QSet<QChar> used;
+    QList<QAction*> open;
+    const QList<QAction*> entries = menu->actions();
+    for (QAction* a : entries) {
+        if (a->isSeparator() || !a->isVisible() || a->text().isEmpty()) continue;
+        const QChar m = mnemonicOf(a->text());
+        if (m.isNull())
+            open << a;
+        else
+            used.insert(m);
+    }
+    for (QAction* a : std::as_const(open)) {
+        const QString text = a->text();
+        qsizetype at = -1;
+        for (int pass = 0; pass < 2 && at < 0; ++pass) {
+            for (qsizetype i = 0; i < text.size() && at < 0; ++i) {
+                const QChar c = text.at(i);
+                const bool wordStart = i == 0 || !text.at(i - 1).isLetterOrNumber();
+                if (c.isLetterOrNumber() && (pass == 1 || wordStart) && !used.contains(c.toLower())) at = i;
+            }
+        }
+        if (at < 0) continue;
+        used.insert(text.at(at).toLower());
+        QString marked = text;
+        marked.replace(QLatin1Char('&'), QLatin1String("&&"));
+        marked.insert(at + text.left(at).count(QLatin1Char('&')), QLatin1Char('&'));
+        a->setText(marked);
+    }
+    for (QAction* a : entries)
+        if (QMenu* sub = a->menu()) assignMnemonics(sub);
+}
+
+// The keys of the commands. The window's keys work wherever the focus is; those of the tree
+// act on its selected node and only while it has the focus, so that the same keys stay free for
+// the contact list.
+void bindKeys(CommandBars& cb, TreeView* tree) {
+    const std::pair<int, QKeySequence> windowKeys[] = {
+        {cmd::FileNew, QKeySequence(Qt::CTRL | Qt::Key_N)},
+        {cmd::FileOpen, QKeySequence(Qt::CTRL | Qt::Key_O)},
+        {cmd::FileExit, QKeySequence(Qt::CTRL | Qt::Key_Q)},
+        {cmd::HelpContents, QKeySequence(Qt::Key_F1)},
+        {cmd::ToolsSearch, QKeySequence(Qt::Key_F3)},
+        {cmd::ViewRefresh, QKeySequence(Qt::Key_F5)},
+    };
+    for (const auto& [id, key] : windowKeys)
+        cb.FindAction(id)->setShortcut(key);
+    const std::pair<int, QKeySequence> treeKeys[] = {
+        {cmd::CategoryRename, QKeySequence(Qt::Key_F2)},
+        {cmd::CategoryDelete, QKeySequence(Qt::Key_Delete)},
+    };
+    for (const auto& [id, key] : treeKeys) {
+        CommandBarAction* action = cb.FindAction(id);
+        action->setShortcut(key);
+        action->setShortcutContext(Qt::WidgetShortcut);
+        tree->addAction(action);
+    }
+}
 
 // "&3 /home/a&b.kvdb" shows "3 /home/a&b.kvdb" with 3 underlined: only the number's "&" is a
 // mnemonic, an "&" in the path shows as it is.
@@ -104,9 +179,18 @@ void Form1::LoadMenuToolbar() {
 
     buildListPopup();
 
-    cb.FindAction(cmd::HelpContents)->setShortcut(QKeySequence(Qt::Key_F1));
-    cb.FindAction(cmd::ToolsSearch)->setShortcut(QKeySequence(Qt::Key_F3));
-    cb.FindAction(cmd::ViewRefresh)->setShortcut(QKeySequence(Qt::Key_F5));
+    // The pop-up of a tree node: the node commands of the Categories menu.
+    QMenu* nodePopup = cb.AddContextMenu(QStringLiteral("TreePopup"));
+    cb.AddButton(nodePopup, kPlain, cmd::CategoryQuickAdd, msgQuickAdd);
+    cb.AddButton(nodePopup, kPlain, cmd::CategoryAdd, msgAdd);
+    cb.AddButton(nodePopup, kPlain, cmd::CategoryRename, msgRename, true);
+    cb.AddButton(nodePopup, kPlain, cmd::CategoryDelete, msgDelete);
+    cb.AddButton(nodePopup, kPlain, cmd::CategoryProperties, msgProperties, true);
+
+    assignMnemonics(bar);
+    for (QMenu* popup : {Popup, nodePopup})
+        assignMnemonics(popup);
+    bindKeys(cb, CatTree);
     tickViewEntries();
 
     SaveSetting(AppTitle(), kLayout, QStringLiteral("MainWindowToolbarDefault"), cb.SaveLayout());

@@ -6,15 +6,59 @@
 
 #include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyleOptionHeader>
+#include <QToolTip>
 #include <algorithm>
 #include <numeric>
+
+namespace {
+
+// The header of the list. A column's sort arrow stands at the right end of its section and the
+// caption has the rest: a caption too long for it is shortened with "...", never painted under
+// the arrow.
+class ListHeader : public QHeaderView {
+  public:
+    explicit ListHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
+
+  protected:
+    void paintSection(QPainter* painter, const QRect& rect, int logical) const override {
+        QStyleOptionHeaderV2 opt;
+        initStyleOption(&opt);
+        initStyleOptionForIndex(&opt, logical);
+        const QIcon arrow = opt.icon;
+        if (!rect.isValid() || arrow.isNull()) {
+            QHeaderView::paintSection(painter, rect, logical);
+            return;
+        }
+        opt.rect = rect;
+        opt.icon = QIcon();
+        const QPointF origin = painter->brushOrigin();
+        painter->setBrushOrigin(rect.topLeft());
+        style()->drawControl(QStyle::CE_HeaderSection, &opt, painter, this);
+        painter->setBrushOrigin(origin);
+
+        const int margin = style()->pixelMetric(QStyle::PM_HeaderMargin, &opt, this);
+        const QSize size = arrow.availableSizes().value(0, QSize(9, 9));
+        const QRect arrowRect(rect.right() - margin - size.width() + 1, rect.center().y() - size.height() / 2,
+                              size.width(), size.height());
+        arrow.paint(painter, arrowRect);
+        opt.rect = QRect(rect.left() + margin, rect.top(), arrowRect.left() - margin - (rect.left() + margin),
+                         rect.height());
+        opt.text = opt.fontMetrics.elidedText(opt.text, Qt::ElideRight, std::max(opt.rect.width(), 0));
+        if (opt.rect.width() > 0) style()->drawControl(QStyle::CE_HeaderLabel, &opt, painter, this);
+    }
+};
+
+} // namespace
 
 ListView::ListView(QWidget* parent)
     : QTreeView(parent), ColumnHeaders(this), ListItems(this), m_model(new ListModel(this)),
       m_images(&ImageList::Shared()) {
+    setHeader(new ListHeader(this));
     setModel(m_model);
     setRootIsDecorated(false);
     setItemsExpandable(false);
@@ -470,6 +514,27 @@ ListItem* ListView::HitTest(const QPoint& viewportPos, int* subItem) const {
     const QModelIndex i = indexAt(viewportPos);
     if (subItem) *subItem = i.isValid() ? i.column() : -1;
     return i.isValid() ? ListItems.At(i.row()) : nullptr;
+}
+
+bool ListView::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QTreeView::viewportEvent(event);
+    // A cell too narrow for its text shows the whole text when the pointer rests on it.
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const QModelIndex index = indexAt(help->pos());
+    const QString text = index.isValid() ? m_model->data(index, Qt::DisplayRole).toString() : QString();
+    if (!text.isEmpty() && cellTextCut(index))
+        QToolTip::showText(help->globalPos(), text, viewport(), visualRect(index));
+    else
+        QToolTip::hideText();
+    return true;
+}
+
+bool ListView::cellTextCut(const QModelIndex& index) const {
+    QStyleOptionViewItem opt;
+    initViewItemOption(&opt);
+    opt.rect = visualRect(index);
+    const QSize needed = itemDelegateForIndex(index)->sizeHint(opt, index);
+    return needed.width() > opt.rect.width();
 }
 
 void ListView::paintEvent(QPaintEvent* event) {

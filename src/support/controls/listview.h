@@ -123,6 +123,7 @@ class ListView : public QTreeView {
     void ContextMenu(const QPoint& pos);
 
   protected:
+    bool viewportEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -163,6 +164,7 @@ class ListView : public QTreeView {
     int placeOfNewRow(const ListItem* item, int row);
     QString ruleText(const ListItem* item) const;
 
+    bool cellTextCut(const QModelIndex& index) const;
     void sortRows();
     void sortNow(bool tellView);
     void sortNow(bool tellView, const TextOrder::Keys& keys);
