@@ -13,11 +13,13 @@
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"
 
+#include <QHash>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSet>
 #include <QToolBar>
 #include <QToolButton>
+#include <algorithm>
 
 using namespace mLanguageGobals;
 
@@ -35,34 +37,83 @@ QChar mnemonicOf(const QString& caption) {
     return QChar();
 }
 
+// The characters an entry may take as its mnemonic, best first: the first letters of its words,
+// then its other letters and digits, each once, in lower case.
+QList<QChar> mnemonicChoices(const QString& text) {
+    QList<QChar> starts, others;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text.at(i).toLower();
+        if (!c.isLetterOrNumber() || starts.contains(c) || others.contains(c)) continue;
+        (i == 0 || !text.at(i - 1).isLetterOrNumber() ? starts : others) << c;
+    }
+    for (const QChar c : std::as_const(others))
+        if (!starts.contains(c)) starts << c;
+    return starts;
+}
+
+// Gives entry `e` one of its choices, moving an earlier entry to another of its own choices
+// when that frees one; false when no such move exists.
+bool takeMnemonic(int e, const QList<QList<QChar>>& choices, QHash<QChar, int>& owner, QSet<QChar>& tried) {
+    for (const QChar c : choices[e]) {
+        if (tried.contains(c)) continue;
+        tried.insert(c);
+        const auto it = owner.constFind(c);
+        if (it == owner.constEnd() || (it.value() >= 0 && takeMnemonic(it.value(), choices, owner, tried))) {
+            owner[c] = e;
+            return true;
+        }
+    }
+    return false;
+}
+
 // Gives each entry of a menu bar or menu, and of its sub-menus, a mnemonic of its own within
-// that menu: the first letter of one of its words that no entry before it took, else any other
-// letter of it. An entry that has one keeps it. The captions come from the message catalogue,
-// so the letters are chosen here rather than written into them.
+// that menu, preferring the first letter of a word and the entries higher up: as many entries
+// as the letters allow. An
+// entry that has one keeps it. The captions come from the message catalogue, so the letters are
+// chosen here rather than written into them.
 void assignMnemonics(QWidget* menu) {
-    QSet<QChar> used;
+    QHash<QChar, int> owner; // a character and the entry that takes it; -1 for one fixed already
     QList<QAction*> open;
+    QList<QList<QChar>> choices;
     const QList<QAction*> entries = menu->actions();
     for (QAction* a : entries) {
         if (a->isSeparator() || !a->isVisible() || a->text().isEmpty()) continue;
         const QChar m = mnemonicOf(a->text());
-        if (m.isNull())
+        if (m.isNull()) {
             open << a;
-        else
-            used.insert(m);
+            choices << mnemonicChoices(a->text());
+        } else {
+            owner.insert(m, -1);
+        }
     }
-    for (QAction* a : std::as_const(open)) {
+    // Each entry its best free choice first; an entry left without one may then move others.
+    QList<int> left;
+    for (int e = 0; e < open.size(); ++e) {
+        const auto free =
+            std::find_if(choices[e].cbegin(), choices[e].cend(), [&](QChar c) { return !owner.contains(c); });
+        if (free == choices[e].cend())
+            left << e;
+        else
+            owner.insert(*free, e);
+    }
+    for (const int e : std::as_const(left)) {
+        QSet<QChar> tried;
+        takeMnemonic(e, choices, owner, tried);
+    }
+    for (auto it = owner.cbegin(); it != owner.cend(); ++it) {
+        if (it.value() < 0) continue;
+        QAction* a = open[it.value()];
         const QString text = a->text();
-        qsizetype at = -1;
-        for (int pass = 0; pass < 2 && at < 0; ++pass) {
-            for (qsizetype i = 0; i < text.size() && at < 0; ++i) {
-                const QChar c = text.at(i);
-                const bool wordStart = i == 0 || !text.at(i - 1).isLetterOrNumber();
-                if (c.isLetterOrNumber() && (pass == 1 || wordStart) && !used.contains(c.toLower())) at = i;
+        qsizetype at = 0;
+        while (text.at(at).toLower() != it.key() || !text.at(at).isLetterOrNumber())
+            ++at;
+        // Prefer the place where the character starts a word.
+        for (qsizetype i = at; i < text.size(); ++i) {
+            if (text.at(i).toLower() == it.key() && (i == 0 || !text.at(i - 1).isLetterOrNumber())) {
+                at = i;
+                break;
             }
         }
-        if (at < 0) continue;
-        used.insert(text.at(at).toLower());
         QString marked = text;
         marked.replace(QLatin1Char('&'), QLatin1String("&&"));
         marked.insert(at + text.left(at).count(QLatin1Char('&')), QLatin1Char('&'));

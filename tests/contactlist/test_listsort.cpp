@@ -188,8 +188,10 @@ TEST_F(ListSortTest, ASortedListKeepsANewOrChangedRowInItsPlace) {
 
     // Descending, by name: the new row still goes to its place.
     contact(u"Zed"_s, {}, 2);
-    EXPECT_EQ(sortBy(mLV::cellFullName).toStdString(), "Family Friends Neighbors Relatives Aaron Ann Bert Olga");
-    EXPECT_EQ(sortBy(mLV::cellFullName).toStdString(), "Olga Bert Ann Aaron Relatives Neighbors Friends Family");
+    EXPECT_EQ(sortBy(mLV::cellFullName).toStdString(),
+              "Family Friends Neighbors Relatives Aaron Ann Bert Olga");
+    EXPECT_EQ(sortBy(mLV::cellFullName).toStdString(),
+              "Olga Bert Ann Aaron Relatives Neighbors Friends Family");
     mLV::AddDriveListPassive(*list, 5);
     EXPECT_EQ(names().substr(0, 8), "Zed Olga") << names();
     // A new fill is sorted afresh by the caller; rows come as the phonebook gives them.

@@ -4,10 +4,13 @@
 
 #include <QElapsedTimer>
 #include <QHeaderView>
+#include <QHelpEvent>
+#include <QSet>
 #include <QSignalSpy>
 #include <QStyle>
 #include <QStyleOptionViewItem>
 #include <QTest>
+#include <QToolTip>
 #include <gtest/gtest.h>
 
 namespace {
@@ -298,9 +301,10 @@ TEST(ListView, SortByGivenKeysLeavesCellsAndSortedAlone) {
 }
 
 TEST(ListView, SortKeysOrderTextsAsTheTextOrderDoes) {
-    const QStringList texts{"abc",   "ABD", "ab",    "",       "\u00c4pfel", "\u00e4pfel", "apfel", "zebra ",
-                            "Zebra", "b10", "b9",    " lead", "a-b",         "\u03a9mega", "\u03c9mega",
-                            "\u0141ukasz", "Lukas", "Stra\u00dfe", "Strasse", "e\u0301", "\u00c9", "_x"};
+    const QStringList texts{
+        "abc",   "ABD",         "ab",      "",        "\u00c4pfel", "\u00e4pfel", "apfel",      "zebra ",
+        "Zebra", "b10",         "b9",      " lead",   "a-b",        "\u03a9mega", "\u03c9mega", "\u0141ukasz",
+        "Lukas", "Stra\u00dfe", "Strasse", "e\u0301", "\u00c9",     "_x"};
     TextOrder::Keys keys;
     keys.Reserve(size_t(texts.size()));
     for (qsizetype i = 0; i < texts.size(); ++i) {
@@ -491,4 +495,50 @@ TEST_F(ListViewEvents, EmptyListShowsItsBackgroundText) {
     lv.ListItems.Clear();
     lv.SetPicture(QString());
     EXPECT_EQ(lv.viewport()->grab().toImage(), blank);
+}
+
+TEST_F(ListViewEvents, TheSortArrowNeverCoversTheCaption) {
+    // A narrow number column, its caption right-aligned: the arrow and the caption must not share
+    // a column of pixels, whatever the caption's length.
+    ColumnHeader* number = lv.ColumnHeaders("ID");
+    number->SetPosition(1);
+    number->SetWidth(67);
+    QHeaderView* h = lv.header();
+    const auto section = [&] {
+        return h->grab(QRect(h->sectionViewportPosition(2), 0, h->sectionSize(2), h->height())).toImage();
+    };
+    // The x of every pixel column where two pictures differ.
+    const auto differing = [](const QImage& a, const QImage& b) {
+        QSet<int> xs;
+        for (int y = 0; y < a.height(); ++y)
+            for (int x = 0; x < a.width(); ++x)
+                if (a.pixel(x, y) != b.pixel(x, y)) xs.insert(x);
+        return xs;
+    };
+    number->SetIcon(0);
+    number->SetText(QString());
+    const QImage empty = section();
+    number->SetIcon(2);
+    const QImage arrowAlone = section();
+    for (const char* caption : {"Contact #", "#", "A caption far too long for the column"}) {
+        number->SetText(caption);
+        const QSet<int> arrow = differing(empty, arrowAlone);
+        const QSet<int> text = differing(arrowAlone, section());
+        ASSERT_FALSE(arrow.isEmpty());
+        ASSERT_FALSE(text.isEmpty()) << caption;
+        EXPECT_FALSE(arrow.intersects(text)) << caption;
+    }
+}
+
+TEST_F(ListViewEvents, ACutCellShowsItsWholeTextAsATip) {
+    lv.ListItems("ID3")->SetSubItems(1, "Oslo, Akershus, Norway, at the far end of the fjord");
+    const auto tipAt = [&](const QString& key) {
+        QToolTip::hideText();
+        const QPoint at = cellCenter(key, 1);
+        QHelpEvent help(QEvent::ToolTip, at, lv.viewport()->mapToGlobal(at));
+        QCoreApplication::sendEvent(lv.viewport(), &help);
+        return QToolTip::isVisible() ? QToolTip::text() : QString();
+    };
+    EXPECT_EQ(tipAt("ID2"), ""); // "Berlin" fits
+    EXPECT_EQ(tipAt("ID3"), "Oslo, Akershus, Norway, at the far end of the fjord");
 }
