@@ -209,6 +209,14 @@ void ListView::placeRow(ListItem* item) {
     std::vector<ListItem*>& rows = ListItems.m_rows;
     const int from = item->m_row;
     if (from < 0 || size_t(from) >= rows.size() || rows[size_t(from)] != item) return; // not placed yet
+    // Most changes leave the row where it is: between its neighbours it stays.
+    const auto sortText = [this](const ListItem* r) {
+        return m_sortRule ? ruleText(r) : r->CellText(m_sortKey);
+    };
+    const QString text = sortText(item);
+    if ((from == 0 || !before(text, sortText(rows[size_t(from) - 1]))) &&
+        (size_t(from) + 1 == rows.size() || !before(sortText(rows[size_t(from) + 1]), text)))
+        return;
     rows.erase(rows.begin() + from);
     const int to = sortedPlace(item);
     rows.insert(rows.begin() + from, item);
