@@ -1,6 +1,7 @@
 #include "card/cardtext.h"
 
 #include "core/language.h"
+#include "support/helpers/letters.h"
 
 namespace mCard {
 
@@ -22,11 +23,10 @@ QVariant TextOrNull(const QString& text) {
 QString LetterCaption(const QString& fullName, const QString& company) {
     const QString both = Trim(fullName) + Trim(company);
     if (both.isEmpty()) return QString();
-    // One character mapped alone: "ß" stays itself rather than becoming "SS".
-    const QChar first = both.at(0).toUpper();
+    const QChar first = both.at(0);
     if (first >= QLatin1Char('0') && first <= QLatin1Char('9')) return mLanguageGobals::msgLetterDigits;
-    if (first.unicode() < 'A' || first.unicode() > 'Z') return mLanguageGobals::msgLetterUnknown;
-    return QString(first);
+    const QChar letter = mLetters::BaseLetter(first);
+    return letter.isNull() ? mLanguageGobals::msgLetterUnknown : QString(letter);
 }
 
 QString LabelOfCaption(const QString& caption) {

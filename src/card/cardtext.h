@@ -13,8 +13,8 @@ QString Trim(const QString& text);
 QVariant TextOrNull(const QString& text);
 
 // The caption of the letter of a contact: the first character of the name followed by the
-// company, both trimmed, in upper case: "A" to "Z", "0-9" for a digit, "?" for anything else,
-// "" when both are empty.
+// company, both trimmed: "A" to "Z" for a Latin letter, with or without marks (É under "E", Ø
+// under "O", ß under "S"), "0-9" for a digit, "?" for anything else, "" when both are empty.
 QString LetterCaption(const QString& fullName, const QString& company);
 // The stored letter for a caption: "NUM" for "0-9", "UNK" for "?", otherwise the caption.
 QString LabelOfCaption(const QString& caption);

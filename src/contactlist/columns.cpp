@@ -8,6 +8,7 @@
 #include "preferences/settingvalue.h"
 #include "support/controls/listview.h"
 
+#include <QHeaderView>
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -159,9 +160,12 @@ QString ColumnCaption(const ColumnHeader& Column) {
 
 void IniList(ListView& lv, int ListCode) {
     HUNT_PLACE("mLV.IniList(lv, ListCode)", lv.objectName(), ListCode);
-    if (ListCode == lcDetails)
+    if (ListCode == lcDetails) {
         AddColumns(lv, ListCode, kDetails);
-    else if (ListCode == lcContacts)
+        // Labels and values need no captions; the values take what width the pane has.
+        lv.setHeaderHidden(true);
+        lv.header()->setStretchLastSection(true);
+    } else if (ListCode == lcContacts)
         AddColumns(lv, ListCode, kContacts);
     else
         UnknownList(ListCode);

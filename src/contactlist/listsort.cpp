@@ -7,6 +7,7 @@
 #include "support/controls/listview.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace mLV {
 
@@ -68,63 +69,53 @@ class PointerBlock {
     int m_saved;
 };
 
-// The sort text of every row, in the order of the rows: the row's kind letter (its Tag, "a" for
-// a node before "b" for a contact), the cell in a form whose text order is the wanted order, then
-// the row's own text, so that ties fall to the name.
-TextOrder::Keys sortKeys(const ListView& list, int cell, Rule rule) {
-    TextOrder::Keys keys;
-    keys.Reserve(size_t(list.ListItems.Count()));
-    QString sortText; // reused from row to row
+// The sort text of a row: the row's kind letter (its Tag, "a" for a node before "b" for a
+// contact), the cell in a form whose text order is the wanted order, then the row's own text, so
+// that ties fall to the name. The list keeps its rows in this order until it is filled afresh, so
+// that a row added or changed later goes to its place.
+ListView::SortTextRule sortRule(const ListView& list, int cell, Rule rule) {
     if (rule == Rule::Name) {
-        for (const ListItem* item : list.ListItems) {
-            sortText.truncate(0);
-            sortText += item->Tag();
-            sortText += item->CellView(0);
-            keys.Add(sortText);
-        }
-        return keys;
+        return [](const ListItem& item, QString& out) {
+            out += item.Tag();
+            out += item.CellView(0);
+        };
     }
-
-    qsizetype longest = 0;
     if (rule == Rule::Text) {
+        // Padded with blanks to the longest text of the column, so that the comparison of two
+        // rows ends with the column before it reaches their names.
+        qsizetype longest = 0;
         for (const ListItem* item : list.ListItems)
             longest = std::max(longest, item->CellView(cell).size());
+        return [cell, longest](const ListItem& item, QString& out) {
+            // A row without this cell sorts as a blank one, by its kind and its text.
+            const QStringView text = item.CellView(cell);
+            out += item.Tag();
+            out += text;
+            if (text.size() < longest) out.resize(out.size() + (longest - text.size()), QLatin1Char(' '));
+            out += item.CellView(0);
+        };
     }
-    DateSortText dates;
-    QString scratch;
-    for (const ListItem* item : list.ListItems) {
-        // A row without this cell sorts as a blank one, by its kind and its text.
-        const QStringView text = item->CellView(cell);
-        const QStringView name = item->CellView(0);
-        sortText.truncate(0);
-        switch (rule) {
-        case Rule::Date:
-        case Rule::Number:
-            scratch.truncate(0);
-            // A blank stays a blank, which sorts before every date and number.
-            if (isBlank(text))
-                scratch += QLatin1Char(' ');
-            else if (!(rule == Rule::Date ? dates.Append(text, scratch) : AppendNumberSortText(text, scratch))) {
-                keys.Add(text); // a text that is no date or number sorts as it stands
-                continue;
-            }
-            sortText += item->Tag();
-            sortText += scratch;
-            break;
-        default:
-            sortText += item->Tag();
-            sortText += text;
-            sortText.resize(sortText.size() + (longest - text.size()), QLatin1Char(' '));
-            break;
+    // Neighbouring rows often share their date: the reader keeps the last one.
+    auto dates = std::make_shared<DateSortText>();
+    return [cell, rule, dates](const ListItem& item, QString& out) {
+        const QStringView text = item.CellView(cell);
+        const qsizetype start = out.size();
+        out += item.Tag();
+        // A blank stays a blank, which sorts before every date and number.
+        if (isBlank(text)) {
+            out += QLatin1Char(' ');
+        } else if (!(rule == Rule::Date ? dates->Append(text, out) : AppendNumberSortText(text, out))) {
+            // A text that is no date or number sorts as it stands.
+            out.truncate(start);
+            out += text;
+            return;
         }
-        sortText += name;
-        keys.Add(sortText);
-    }
-    return keys;
+        out += item.CellView(0);
+    };
 }
 
 // Sorts `list` by column Sort: the same column again reverses the order, another column starts
-// ascending. The rows are put in order by their rewritten texts, which are then put back.
+// ascending.
 void SortRekey(ListView& list, int Sort, const RuleWords& words, bool EnsVis) {
     list.SetSorted(false);
     if (Sort == list.SortKey())
@@ -142,7 +133,7 @@ void SortRekey(ListView& list, int Sort, const RuleWords& words, bool EnsVis) {
     const Rule rule = ruleOf(list.ColumnHeaders.Item(cell + 1), cell, words);
     {
         ListUpdate block(list);
-        list.SortByKeys(sortKeys(list, cell, rule));
+        list.SortByRule(sortRule(list, cell, rule));
     }
     if (EnsVis) {
         if (ListItem* selected = list.SelectedItem()) selected->EnsureVisible();

@@ -4,7 +4,8 @@
 // before "b" for a contact) first, then the cell in a form whose text order is the wanted order
 // (dates as yyyyMMddHHmmss, numbers with thirty zero-padded digits each side of the point, texts
 // padded with blanks to the longest), then the row's own text, so that ties fall to the name. The
-// cells, their Tags and their number are left as they were.
+// cells, their Tags and their number are left as they were. The list keeps that order until it is
+// filled afresh: a row added or changed in between goes to its place.
 //
 // A click on the column in force reverses the order; a click on another column sorts it ascending.
 // The column gets the sort arrow of its order in its header, every other column none.

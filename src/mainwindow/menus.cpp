@@ -1,27 +1,153 @@
 // The command structure of the main window: menu bar, toolbars, the contact list's pop-up and
 // the key bindings, all made here with their ids.
+#include "core/commandids.h"
 #include "core/error.h"
 #include "core/globals.h"
 #include "core/language.h"
-#include "core/commandids.h"
 #include "mainwindow/form1.h"
-#include "support/controls/icons.h"
 #include "preferences/mru.h"
 #include "preferences/preferences.h"
 #include "preferences/settings.h"
 #include "support/controls/commandbars.h"
+#include "support/controls/icons.h"
 #include "support/controls/listview.h"
+#include "support/controls/treeview.h"
 
+#include <QHash>
 #include <QMenu>
 #include <QMenuBar>
+#include <QSet>
 #include <QToolBar>
 #include <QToolButton>
+#include <algorithm>
 
 using namespace mLanguageGobals;
 
 namespace {
 constexpr ControlType kPlain = ControlType::Button;
 constexpr ControlType kRadio = ControlType::RadioButton;
+
+// The mnemonic of a caption: the character after its first single "&", null for none.
+QChar mnemonicOf(const QString& caption) {
+    for (qsizetype i = 0; i + 1 < caption.size(); ++i) {
+        if (caption.at(i) != QLatin1Char('&')) continue;
+        if (caption.at(i + 1) != QLatin1Char('&')) return caption.at(i + 1).toLower();
+        ++i;
+    }
+    return QChar();
+}
+
+// The characters an entry may take as its mnemonic, best first: the first letters of its words,
+// then its other letters and digits, each once, in lower case.
+QList<QChar> mnemonicChoices(const QString& text) {
+    QList<QChar> starts, others;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text.at(i).toLower();
+        if (!c.isLetterOrNumber() || starts.contains(c) || others.contains(c)) continue;
+        (i == 0 || !text.at(i - 1).isLetterOrNumber() ? starts : others) << c;
+    }
+    for (const QChar c : std::as_const(others))
+        if (!starts.contains(c)) starts << c;
+    return starts;
+}
+
+// Gives entry `e` one of its choices, moving an earlier entry to another of its own choices
+// when that frees one; false when no such move exists.
+bool takeMnemonic(int e, const QList<QList<QChar>>& choices, QHash<QChar, int>& owner, QSet<QChar>& tried) {
+    for (const QChar c : choices[e]) {
+        if (tried.contains(c)) continue;
+        tried.insert(c);
+        const auto it = owner.constFind(c);
+        if (it == owner.constEnd() || (it.value() >= 0 && takeMnemonic(it.value(), choices, owner, tried))) {
+            owner[c] = e;
+            return true;
+        }
+    }
+    return false;
+}
+
+// Gives each entry of a menu bar or menu, and of its sub-menus, a mnemonic of its own within
+// that menu, preferring the first letter of a word and the entries higher up: as many entries
+// as the letters allow. An
+// entry that has one keeps it. The captions come from the message catalogue, so the letters are
+// chosen here rather than written into them.
+void assignMnemonics(QWidget* menu) {
+    QHash<QChar, int> owner; // a character and the entry that takes it; -1 for one fixed already
+    QList<QAction*> open;
+    QList<QList<QChar>> choices;
+    const QList<QAction*> entries = menu->actions();
+    for (QAction* a : entries) {
+        if (a->isSeparator() || !a->isVisible() || a->text().isEmpty()) continue;
+        const QChar m = mnemonicOf(a->text());
+        if (m.isNull()) {
+            open << a;
+            choices << mnemonicChoices(a->text());
+        } else {
+            owner.insert(m, -1);
+        }
+    }
+    // Each entry its best free choice first; an entry left without one may then move others.
+    QList<int> left;
+    for (int e = 0; e < open.size(); ++e) {
+        const auto free =
+            std::find_if(choices[e].cbegin(), choices[e].cend(), [&](QChar c) { return !owner.contains(c); });
+        if (free == choices[e].cend())
+            left << e;
+        else
+            owner.insert(*free, e);
+    }
+    for (const int e : std::as_const(left)) {
+        QSet<QChar> tried;
+        takeMnemonic(e, choices, owner, tried);
+    }
+    for (auto it = owner.cbegin(); it != owner.cend(); ++it) {
+        if (it.value() < 0) continue;
+        QAction* a = open[it.value()];
+        const QString text = a->text();
+        qsizetype at = 0;
+        while (text.at(at).toLower() != it.key() || !text.at(at).isLetterOrNumber())
+            ++at;
+        // Prefer the place where the character starts a word.
+        for (qsizetype i = at; i < text.size(); ++i) {
+            if (text.at(i).toLower() == it.key() && (i == 0 || !text.at(i - 1).isLetterOrNumber())) {
+                at = i;
+                break;
+            }
+        }
+        QString marked = text;
+        marked.replace(QLatin1Char('&'), QLatin1String("&&"));
+        marked.insert(at + text.left(at).count(QLatin1Char('&')), QLatin1Char('&'));
+        a->setText(marked);
+    }
+    for (QAction* a : entries)
+        if (QMenu* sub = a->menu()) assignMnemonics(sub);
+}
+
+// The keys of the commands. The window's keys work wherever the focus is; those of the tree
+// act on its selected node and only while it has the focus, so that the same keys stay free for
+// the contact list.
+void bindKeys(CommandBars& cb, TreeView* tree) {
+    const std::pair<int, QKeySequence> windowKeys[] = {
+        {cmd::FileNew, QKeySequence(Qt::CTRL | Qt::Key_N)},
+        {cmd::FileOpen, QKeySequence(Qt::CTRL | Qt::Key_O)},
+        {cmd::FileExit, QKeySequence(Qt::CTRL | Qt::Key_Q)},
+        {cmd::HelpContents, QKeySequence(Qt::Key_F1)},
+        {cmd::ToolsSearch, QKeySequence(Qt::Key_F3)},
+        {cmd::ViewRefresh, QKeySequence(Qt::Key_F5)},
+    };
+    for (const auto& [id, key] : windowKeys)
+        cb.FindAction(id)->setShortcut(key);
+    const std::pair<int, QKeySequence> treeKeys[] = {
+        {cmd::CategoryRename, QKeySequence(Qt::Key_F2)},
+        {cmd::CategoryDelete, QKeySequence(Qt::Key_Delete)},
+    };
+    for (const auto& [id, key] : treeKeys) {
+        CommandBarAction* action = cb.FindAction(id);
+        action->setShortcut(key);
+        action->setShortcutContext(Qt::WidgetShortcut);
+        tree->addAction(action);
+    }
+}
 
 // "&3 /home/a&b.kvdb" shows "3 /home/a&b.kvdb" with 3 underlined: only the number's "&" is a
 // mnemonic, an "&" in the path shows as it is.
@@ -104,9 +230,18 @@ void Form1::LoadMenuToolbar() {
 
     buildListPopup();
 
-    cb.FindAction(cmd::HelpContents)->setShortcut(QKeySequence(Qt::Key_F1));
-    cb.FindAction(cmd::ToolsSearch)->setShortcut(QKeySequence(Qt::Key_F3));
-    cb.FindAction(cmd::ViewRefresh)->setShortcut(QKeySequence(Qt::Key_F5));
+    // The pop-up of a tree node: the node commands of the Categories menu.
+    QMenu* nodePopup = cb.AddContextMenu(QStringLiteral("TreePopup"));
+    cb.AddButton(nodePopup, kPlain, cmd::CategoryQuickAdd, msgQuickAdd);
+    cb.AddButton(nodePopup, kPlain, cmd::CategoryAdd, msgAdd);
+    cb.AddButton(nodePopup, kPlain, cmd::CategoryRename, msgRename, true);
+    cb.AddButton(nodePopup, kPlain, cmd::CategoryDelete, msgDelete);
+    cb.AddButton(nodePopup, kPlain, cmd::CategoryProperties, msgProperties, true);
+
+    assignMnemonics(bar);
+    for (QMenu* popup : {Popup, nodePopup})
+        assignMnemonics(popup);
+    bindKeys(cb, CatTree);
     tickViewEntries();
 
     SaveSetting(AppTitle(), kLayout, QStringLiteral("MainWindowToolbarDefault"), cb.SaveLayout());

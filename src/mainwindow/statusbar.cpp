@@ -6,17 +6,22 @@
 
 StatusBar::StatusBar(int panels, QWidget* parent) : QStatusBar(parent) {
     setSizeGripEnabled(true);
-    for (int n = 1; n <= panels; ++n) {
-        auto* panel = new QWidget(this);
-        panel->setObjectName(QStringLiteral("Panel%1").arg(n));
-        auto* grid = new QGridLayout(panel);
-        grid->setContentsMargins(4, 0, 4, 0);
-        auto* text = new QLabel(panel);
-        grid->addWidget(text, 0, 0);
-        addPermanentWidget(panel, n == 1 ? 1 : 0);
-        m_panels.append(panel);
-        m_texts.append(text);
-    }
+    for (int n = 1; n <= panels; ++n)
+        AddPanel();
+}
+
+int StatusBar::AddPanel() {
+    const int n = PanelCount() + 1;
+    auto* panel = new QWidget(this);
+    panel->setObjectName(QStringLiteral("Panel%1").arg(n));
+    auto* grid = new QGridLayout(panel);
+    grid->setContentsMargins(4, 0, 4, 0);
+    auto* text = new QLabel(panel);
+    grid->addWidget(text, 0, 0);
+    addPermanentWidget(panel, n == 1 ? 1 : 0);
+    m_panels.append(panel);
+    m_texts.append(text);
+    return n;
 }
 
 QString StatusBar::PanelText(int panel) const {

@@ -15,6 +15,8 @@ class StatusBar : public QStatusBar {
     explicit StatusBar(int panels, QWidget* parent = nullptr);
 
     int PanelCount() const { return int(m_texts.size()); }
+    // Adds a panel after the others, as wide as its text; answers its number.
+    int AddPanel();
     QString PanelText(int panel) const;
     void SetPanelText(int panel, const QString& text);
     // The panel itself, to put a control into; nullptr outside 1..PanelCount.

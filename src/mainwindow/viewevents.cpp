@@ -2,30 +2,36 @@
 // them, and the hooks through which the tree, list and card procedures reach this window.
 #include "card/cardentries.h"
 #include "card/cardhooks.h"
-#include "contactlist/listfill.h"
 #include "contactlist/assignment.h"
+#include "contactlist/checktab.h"
 #include "contactlist/favorites.h"
+#include "contactlist/listfill.h"
 #include "contactlist/listhooks.h"
 #include "contactlist/listsort.h"
+#include "contactlist/treeevents.h"
 #include "core/errorreport.h"
+#include "core/language.h"
 #include "core/sendmail.h"
 #include "mainwindow/form1.h"
+#include "mainwindow/statusbar.h"
 #include "phonebook/store/dao.h"
 #include "support/controls/commandbars.h"
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"
 #include "trees/catproperties.h"
-#include "contactlist/checktab.h"
 #include "trees/counters.h"
 #include "trees/mainview.h"
 #include "trees/treeedit.h"
-#include "contactlist/treeevents.h"
 #include "trees/treefill.h"
 #include "trees/treeselect.h"
 #include "trees/viewhooks.h"
 #include "trees/viewstate.h"
 
 #include <QApplication>
+#include <QMenu>
+#include <QTimer>
+
+using mLanguageGobals::msgContactsColon;
 
 namespace {
 
@@ -72,6 +78,31 @@ void Form1::connectViewEvents() {
     connect(ListView1, &ListView::MouseUp, this, [this](Qt::MouseButton, Qt::KeyboardModifiers, const QPoint& pos) {
         RunEvent("Form1.ListView1_MouseUp", [&] { ListView1_MouseUp(pos); });
     });
+    // A right click on a node has made it the node in force (NodeClick); its menu follows.
+    connect(CatTree, &TreeView::ContextMenu, this, [this](const QPoint& pos) {
+        QMenu* menu = CommandBars1 ? CommandBars1->ContextMenu(QStringLiteral("TreePopup")) : nullptr;
+        if (menu && CatTree->HitTest(pos)) menu->popup(CatTree->viewport()->mapToGlobal(pos));
+    });
+
+    // The number of contacts in the list, in a panel of the status bar; the rows of child nodes
+    // do not count.
+    const int countPanel = StatusBar1->AddPanel();
+    const auto showCount = [this, countPanel] {
+        int contacts = 0;
+        for (const ListItem* row : ListView2->ListItems)
+            contacts += isNodeRow(row) ? 0 : 1;
+        StatusBar1->SetPanelText(countPanel, msgContactsColon + QString::number(contacts));
+    };
+    // A fill adds its rows one by one: count once, after the fill, not once per row.
+    auto* countLater = new QTimer(this);
+    countLater->setSingleShot(true);
+    countLater->setInterval(0);
+    connect(countLater, &QTimer::timeout, this, showCount);
+    const QAbstractItemModel* rows = ListView2->model();
+    for (auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+        connect(rows, signal, countLater, qOverload<>(&QTimer::start));
+    connect(rows, &QAbstractItemModel::modelReset, countLater, qOverload<>(&QTimer::start));
+    showCount();
 }
 
 QString Form1::linkAt(const QPoint& pos) const {
@@ -117,7 +148,9 @@ void Form1::fillHooks() {
     tv.UpdateCatInList = [this](const QString& key, const QString& name) {
         mLV::UpdateCatInList(*ListView2, key, name);
     };
-    tv.SetNodeRowComment = [](ListItem& row, const QString& comment) { row.SetCellText(mLV::cellComment, comment); };
+    tv.SetNodeRowComment = [](ListItem& row, const QString& comment) {
+        row.SetCellText(mLV::cellComment, comment);
+    };
     mLV::ListHooks& lv = mLV::Hooks();
     lv.Hourglass = [](bool busy) {
         if (busy)
@@ -193,10 +226,15 @@ void Form1::ListView2_DblClick() {
     MenuUpdate();
 }
 
+// Backspace goes up the tree; Enter opens the selected row as a double click does.
 void Form1::ListView2_KeyPress(int& KeyAscii) {
-    if (KeyAscii != 8 && KeyAscii != 13) return;
-    mTV::DiskListKeyPress(View(), KeyAscii);
-    MenuUpdate();
+    if (KeyAscii == 8) {
+        mTV::DiskListKeyPress(View(), KeyAscii);
+        MenuUpdate();
+    } else if (KeyAscii == 13) {
+        KeyAscii = 0;
+        ListView2_DblClick();
+    }
 }
 
 // The release of the click that ended a new contact's card belongs to the card, not to the list.

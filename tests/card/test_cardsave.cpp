@@ -50,14 +50,15 @@ TEST_P(CardTest, ACompanyAloneIsEnoughAndFilesTheFirstContact) {
     EXPECT_EQ(treeRefills, QStringList{u"000"_s});
 }
 
-TEST_P(CardTest, DigitsAndLettersOutsideAToZFileUnderTheirOwnTabs) {
+TEST_P(CardTest, DigitsMarkedLettersAndOtherScriptsFileUnderTheirTabs) {
     struct Case {
         const char* name;
         const char* caption;
         const char* label;
     };
     const Case cases[] = {{"42nd Street Deli", "0-9", "NUM"},
-                          {"Émile Zola", "?", "UNK"},
+                          {"Émile Zola", "E", "E"},
+                          {"Ωmega Labs", "?", "UNK"},
                           {"(Ann) Lee", "?", "UNK"},
                           {"zoe", "Z", "Z"}};
     int id = 0;

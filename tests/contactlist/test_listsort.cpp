@@ -163,6 +163,42 @@ TEST_F(ListSortTest, ValuesThatAreNoDateOrNumberSortAsTheyStandAndSelectionStays
     EXPECT_FALSE(list->Sorted());
 }
 
+TEST_F(ListSortTest, ASortedListKeepsANewOrChangedRowInItsPlace) {
+    contact(u"Olga"_s, {{"City", u"Oslo"_s}}, 2);
+    contact(u"Bert"_s, {{"City", u"Bergen"_s}}, 2);
+    contact(u"Karl"_s, {{"City", u"Malmo"_s}}, 2);
+    fill(u"ID2"_s); // with the child rows of Personal, which stay ahead of the contacts
+    EXPECT_EQ(sortBy(mLV::cellCity).toStdString(), "Family Friends Neighbors Relatives Bert Karl Olga");
+    const auto names = [&] {
+        QStringList texts;
+        for (const ListItem* item : list->ListItems)
+            texts << item->Text();
+        return texts.join(' ').toStdString();
+    };
+    // A contact added as the card adds one: its row, then its kind.
+    CurrentNodeKey = u"ID2"_s;
+    mLV::AddDriveListPassive(*list, addContact(u"Ann"_s, 2));
+    EXPECT_EQ(names(), "Family Friends Neighbors Relatives Ann Bert Karl Olga") << "a blank city first";
+    // A contact whose city changes, cell by cell as the card writes it back.
+    list->ListItems(u"ID2"_s)->SetCellText(mLV::cellCity, u"Turku"_s);
+    EXPECT_EQ(names(), "Family Friends Neighbors Relatives Ann Karl Olga Bert");
+    list->ListItems(u"ID3"_s)->SetText(u"Aaron"_s); // a tie with no city breaks by name
+    list->ListItems(u"ID3"_s)->SetCellText(mLV::cellCity, QString());
+    EXPECT_EQ(names(), "Family Friends Neighbors Relatives Aaron Ann Olga Bert");
+
+    // Descending, by name: the new row still goes to its place.
+    contact(u"Zed"_s, {}, 2);
+    EXPECT_EQ(sortBy(mLV::cellFullName).toStdString(),
+              "Family Friends Neighbors Relatives Aaron Ann Bert Olga");
+    EXPECT_EQ(sortBy(mLV::cellFullName).toStdString(),
+              "Olga Bert Ann Aaron Relatives Neighbors Friends Family");
+    mLV::AddDriveListPassive(*list, 5);
+    EXPECT_EQ(names().substr(0, 8), "Zed Olga") << names();
+    // A new fill is sorted afresh by the caller; rows come as the phonebook gives them.
+    fill(u"ID2"_s);
+    EXPECT_FALSE(list->HasSortRule());
+}
+
 TEST_F(ListSortTest, HeaderArrowAndArrangeEntryFollowTheColumn) {
     std::map<int, bool> checks;
     mLV::Hooks().SetCommandChecked = [&](int id, bool checked) { checks[id] = checked; };

@@ -4,10 +4,14 @@
 
 #include <QElapsedTimer>
 #include <QHeaderView>
+#include <QHelpEvent>
+#include <QMap>
+#include <QSet>
 #include <QSignalSpy>
 #include <QStyle>
 #include <QStyleOptionViewItem>
 #include <QTest>
+#include <QToolTip>
 #include <gtest/gtest.h>
 
 namespace {
@@ -298,8 +302,10 @@ TEST(ListView, SortByGivenKeysLeavesCellsAndSortedAlone) {
 }
 
 TEST(ListView, SortKeysOrderTextsAsTheTextOrderDoes) {
-    const QStringList texts{"abc",   "ABD", "ab",    "",       "\u00c4pfel", "\u00e4pfel", "apfel", "zebra ",
-                            "Zebra", "b10", "b9",    " lead", "a-b",         "\u03a9mega", "\u03c9mega"};
+    const QStringList texts{
+        "abc",   "ABD",         "ab",      "",        "\u00c4pfel", "\u00e4pfel", "apfel",      "zebra ",
+        "Zebra", "b10",         "b9",      " lead",   "a-b",        "\u03a9mega", "\u03c9mega", "\u0141ukasz",
+        "Lukas", "Stra\u00dfe", "Strasse", "e\u0301", "\u00c9",     "_x"};
     TextOrder::Keys keys;
     keys.Reserve(size_t(texts.size()));
     for (qsizetype i = 0; i < texts.size(); ++i) {
@@ -490,4 +496,73 @@ TEST_F(ListViewEvents, EmptyListShowsItsBackgroundText) {
     lv.ListItems.Clear();
     lv.SetPicture(QString());
     EXPECT_EQ(lv.viewport()->grab().toImage(), blank);
+}
+
+TEST_F(ListViewEvents, TheSortArrowNeverHidesTheCaption) {
+    // A narrow number column with its caption right-aligned, and a narrow text column: with the
+    // arrow, a caption starts as it does without one (shortened at its end if need be), and the
+    // arrow and the caption never share a column of pixels.
+    QHeaderView* h = lv.header();
+    const auto section = [&](const ColumnHeader* c) {
+        const int logical = c->Index() - 1;
+        return h->grab(QRect(h->sectionViewportPosition(logical), 0, h->sectionSize(logical), h->height()))
+            .toImage();
+    };
+    // Where two pictures clearly differ (the soft edges of letters aside): for each column of
+    // pixels that does, the rows that do.
+    const auto differing = [](const QImage& a, const QImage& b) {
+        QMap<int, QSet<int>> columns;
+        for (int y = 0; y < a.height(); ++y)
+            for (int x = 0; x < a.width(); ++x)
+                if (std::abs(qGray(a.pixel(x, y)) - qGray(b.pixel(x, y))) > 96) columns[x].insert(y);
+        return columns;
+    };
+    // The first columns of a caption's pixels, counted from where the caption starts.
+    const auto start = [](const QMap<int, QSet<int>>& caption) {
+        QList<QSet<int>> first;
+        const int x0 = caption.isEmpty() ? 0 : caption.firstKey();
+        for (int x = x0; x < x0 + 4; ++x)
+            first << caption.value(x);
+        return first;
+    };
+    const std::pair<const char*, QStringList> cases[] = {
+        {"ID", {"Contact #", "#"}}, {"City", {"City", "Contact #", "A caption far too long for the column"}}};
+    for (const auto& [key, captions] : cases) {
+        ColumnHeader* c = lv.ColumnHeaders(key);
+        c->SetPosition(1);
+        for (const QString& caption : captions) {
+            c->SetIcon(0);
+            c->SetText(QString());
+            c->SetWidth(300);
+            const QImage wideEmpty = section(c);
+            c->SetText(caption);
+            const auto whole = differing(wideEmpty, section(c));
+            c->SetWidth(67);
+            c->SetText(QString());
+            const QImage empty = section(c);
+            c->SetIcon(2);
+            const QImage arrowAlone = section(c);
+            c->SetText(caption);
+            const auto arrow = differing(empty, arrowAlone);
+            const auto text = differing(arrowAlone, section(c));
+            ASSERT_FALSE(arrow.isEmpty());
+            ASSERT_FALSE(text.isEmpty()) << key << " " << caption.toStdString();
+            EXPECT_EQ(start(text), start(whole)) << key << " " << caption.toStdString();
+            for (const int x : arrow.keys())
+                EXPECT_FALSE(text.contains(x)) << key << " " << caption.toStdString() << " at " << x;
+        }
+    }
+}
+
+TEST_F(ListViewEvents, ACutCellShowsItsWholeTextAsATip) {
+    lv.ListItems("ID3")->SetSubItems(1, "Oslo, Akershus, Norway, at the far end of the fjord");
+    const auto tipAt = [&](const QString& key) {
+        QToolTip::hideText();
+        const QPoint at = cellCenter(key, 1);
+        QHelpEvent help(QEvent::ToolTip, at, lv.viewport()->mapToGlobal(at));
+        QCoreApplication::sendEvent(lv.viewport(), &help);
+        return QToolTip::isVisible() ? QToolTip::text() : QString();
+    };
+    EXPECT_EQ(tipAt("ID2"), ""); // "Berlin" fits
+    EXPECT_EQ(tipAt("ID3"), "Oslo, Akershus, Norway, at the far end of the fjord");
 }

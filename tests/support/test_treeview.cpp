@@ -3,6 +3,7 @@
 #include "support/controls/imagelist.h"
 #include "support/controls/treeview.h"
 
+#include <QContextMenuEvent>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
@@ -275,4 +276,33 @@ TEST_F(TreeViewLabelEdit, HitTestClickAndDropHighlight) {
     EXPECT_TRUE(tv.Nodes("ID8")->data(0, Qt::BackgroundRole).isValid());
     tv.Nodes.Remove("ID8"); // a removed target is no target
     EXPECT_EQ(tv.DropHighlight(), nullptr);
+}
+
+TEST_F(TreeViewLabelEdit, ARightClickSelectsAsAClickDoesThenAsksForTheMenu) {
+    tv.expandAll();
+    QList<QString> events; // in the order they came
+    QObject::connect(&tv, &TreeView::NodeClick, [&](TreeNode* node) { events << "click " + node->Key(); });
+    QObject::connect(&tv, &TreeView::ContextMenu, [&](const QPoint& pos) {
+        events << "menu " + (tv.HitTest(pos) ? tv.HitTest(pos)->Key() : "-");
+    });
+    const auto rightClick = [&](const QString& key) {
+        const QPoint at = tv.visualItemRect(tv.Nodes(key)).center();
+        QTest::mousePress(tv.viewport(), Qt::RightButton, {}, at);
+        QContextMenuEvent menu(QContextMenuEvent::Mouse, at, tv.viewport()->mapToGlobal(at));
+        QCoreApplication::sendEvent(tv.viewport(), &menu);
+        QTest::mouseRelease(tv.viewport(), Qt::RightButton, {}, at);
+    };
+    rightClick("ID4");
+    EXPECT_EQ(tv.SelectedItem()->Key(), "ID4");
+    EXPECT_EQ(events, QList<QString>({"click ID4", "menu ID4"}));
+    // On the node already selected: only the menu.
+    events.clear();
+    rightClick("ID4");
+    EXPECT_EQ(events, QList<QString>({"menu ID4"}));
+    // The menu key opens it at the selected node.
+    events.clear();
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(1, 1),
+                          tv.viewport()->mapToGlobal(QPoint(1, 1)));
+    QCoreApplication::sendEvent(tv.viewport(), &key);
+    EXPECT_EQ(events, QList<QString>({"menu ID4"}));
 }

@@ -27,6 +27,7 @@ void ListItem::changed(int column) {
 
 void ListItem::SetTag(const QString& tag) {
     m_tag = tag;
+    if (m_view) m_view->tagChanged(this);
 }
 
 void ListItem::SetIcon(const QString& key) {

@@ -59,7 +59,7 @@ ListItem* ListItemCollection::insert(ListItem* item, int row) {
         }
         entry = item;
     }
-    if (m_view->Sorted()) row = m_view->sortedPlace(item);
+    row = m_view->placeOfNewRow(item, row);
     item->m_row = row;
     m_view->rowsInserting(row);
     m_rows.insert(m_rows.begin() + row, item);

@@ -6,15 +6,59 @@
 
 #include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyleOptionHeader>
+#include <QToolTip>
 #include <algorithm>
 #include <numeric>
+
+namespace {
+
+// The header of the list. A column's sort arrow stands at the right end of its section and the
+// caption has the rest: a caption too long for it is shortened with "...", never painted under
+// the arrow.
+class ListHeader : public QHeaderView {
+  public:
+    explicit ListHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
+
+  protected:
+    void paintSection(QPainter* painter, const QRect& rect, int logical) const override {
+        QStyleOptionHeaderV2 opt;
+        initStyleOption(&opt);
+        initStyleOptionForIndex(&opt, logical);
+        const QIcon arrow = opt.icon;
+        if (!rect.isValid() || arrow.isNull()) {
+            QHeaderView::paintSection(painter, rect, logical);
+            return;
+        }
+        opt.rect = rect;
+        opt.icon = QIcon();
+        const QPointF origin = painter->brushOrigin();
+        painter->setBrushOrigin(rect.topLeft());
+        style()->drawControl(QStyle::CE_HeaderSection, &opt, painter, this);
+        painter->setBrushOrigin(origin);
+
+        const int margin = style()->pixelMetric(QStyle::PM_HeaderMargin, &opt, this);
+        const QSize size = arrow.availableSizes().value(0, QSize(9, 9));
+        const QRect arrowRect(rect.right() - margin - size.width() + 1, rect.center().y() - size.height() / 2,
+                              size.width(), size.height());
+        arrow.paint(painter, arrowRect);
+        opt.rect = QRect(rect.left() + margin, rect.top(), arrowRect.left() - margin - (rect.left() + margin),
+                         rect.height());
+        opt.text = opt.fontMetrics.elidedText(opt.text, Qt::ElideRight, std::max(opt.rect.width(), 0));
+        if (opt.rect.width() > 0) style()->drawControl(QStyle::CE_HeaderLabel, &opt, painter, this);
+    }
+};
+
+} // namespace
 
 ListView::ListView(QWidget* parent)
     : QTreeView(parent), ColumnHeaders(this), ListItems(this), m_model(new ListModel(this)),
       m_images(&ImageList::Shared()) {
+    setHeader(new ListHeader(this));
     setModel(m_model);
     setRootIsDecorated(false);
     setItemsExpandable(false);
@@ -51,24 +95,39 @@ bool ListView::before(const QString& a, const QString& b) const {
 }
 
 void ListView::SetSorted(bool sorted) {
+    m_sortRule = nullptr;
     m_sorted = sorted;
     if (sorted) sortRows();
 }
 
 void ListView::SetSortKey(int column) {
+    m_sortRule = nullptr;
     m_sortKey = std::max(column, 0);
     if (m_sorted) sortRows();
 }
 
 void ListView::SetSortOrder(int order) {
     m_sortOrder = order == lvwDescending ? lvwDescending : lvwAscending;
-    if (m_sorted) sortRows();
+    if (m_sorted || m_sortRule) sortRows();
+}
+
+QString ListView::ruleText(const ListItem* item) const {
+    QString text;
+    m_sortRule(*item, text);
+    return text;
 }
 
 int ListView::sortedPlace(const ListItem* item) const {
     // After the rows it does not sort before, so equal texts keep the order they came in.
-    const QString text = item->CellText(m_sortKey);
     const auto& rows = ListItems.m_rows;
+    if (m_sortRule) {
+        const QString text = ruleText(item);
+        const auto it =
+            std::upper_bound(rows.begin(), rows.end(), text,
+                             [this](const QString& t, const ListItem* r) { return before(t, ruleText(r)); });
+        return int(it - rows.begin());
+    }
+    const QString text = item->CellText(m_sortKey);
     const auto it =
         std::upper_bound(rows.begin(), rows.end(), text, [this](const QString& t, const ListItem* r) {
             return before(t, r->CellText(m_sortKey));
@@ -88,14 +147,29 @@ void ListView::sortNow(bool tellView) {
     // One collation key per row, then a stable sort of the row numbers by key.
     TextOrder::Keys keys;
     keys.Reserve(size_t(ListItems.Count()));
-    for (const ListItem* r : ListItems)
-        keys.Add(r->CellView(m_sortKey));
+    if (m_sortRule) {
+        QString text; // reused from row to row
+        for (const ListItem* r : ListItems) {
+            text.truncate(0);
+            m_sortRule(*r, text);
+            keys.Add(text);
+        }
+    } else {
+        for (const ListItem* r : ListItems)
+            keys.Add(r->CellView(m_sortKey));
+    }
     sortNow(tellView, keys);
 }
 
 void ListView::SortByKeys(const TextOrder::Keys& keys) {
+    m_sortRule = nullptr;
     if (keys.Count() != size_t(ListItems.Count())) return;
     sortNow(m_updates == 0, keys);
+}
+
+void ListView::SortByRule(SortTextRule rule) {
+    m_sortRule = std::move(rule);
+    if (m_sortRule) sortNow(m_updates == 0);
 }
 
 void ListView::sortNow(bool tellView, const TextOrder::Keys& keys) {
@@ -127,7 +201,7 @@ void ListView::sortNow(bool tellView, const TextOrder::Keys& keys) {
 }
 
 void ListView::placeRow(ListItem* item) {
-    // A row whose sort text changed while Sorted is on moves to its new place.
+    // A row whose sort text changed while a sort is kept moves to its new place.
     if (m_updates > 0) {
         m_sortPending = true;
         return;
@@ -135,6 +209,14 @@ void ListView::placeRow(ListItem* item) {
     std::vector<ListItem*>& rows = ListItems.m_rows;
     const int from = item->m_row;
     if (from < 0 || size_t(from) >= rows.size() || rows[size_t(from)] != item) return; // not placed yet
+    // Most changes leave the row where it is: between its neighbours it stays.
+    const auto sortText = [this](const ListItem* r) {
+        return m_sortRule ? ruleText(r) : r->CellText(m_sortKey);
+    };
+    const QString text = sortText(item);
+    if ((from == 0 || !before(text, sortText(rows[size_t(from) - 1]))) &&
+        (size_t(from) + 1 == rows.size() || !before(sortText(rows[size_t(from) + 1]), text)))
+        return;
     rows.erase(rows.begin() + from);
     const int to = sortedPlace(item);
     rows.insert(rows.begin() + from, item);
@@ -144,6 +226,18 @@ void ListView::placeRow(ListItem* item) {
     rows.insert(rows.begin() + to, item);
     ListItems.renumber(std::min(from, to));
     m_model->endMoveRow();
+}
+
+int ListView::placeOfNewRow(const ListItem* item, int row) {
+    if (m_sortRule && m_updates > 0) {
+        m_sortPending = true;
+        return row;
+    }
+    return m_sorted || m_sortRule ? sortedPlace(item) : row;
+}
+
+void ListView::tagChanged(ListItem* item) {
+    if (m_sortRule) placeRow(item);
 }
 
 // ---- selection
@@ -293,7 +387,7 @@ void ListView::EndUpdate() {
 
 void ListView::itemChanged(ListItem* item, int column) {
     if (m_updates == 0) m_model->cellChanged(item->m_row, column);
-    if (m_sorted && (column == m_sortKey || column < 0)) placeRow(item);
+    if (m_sortRule || (m_sorted && (column == m_sortKey || column < 0))) placeRow(item);
 }
 
 void ListView::rowsInserting(int row) {
@@ -321,6 +415,7 @@ void ListView::itemGone(ListItem* item) {
 }
 
 void ListView::resetting(bool begin) {
+    if (begin) m_sortRule = nullptr; // a list filled afresh is sorted afresh
     if (m_updates > 0) return;
     if (begin)
         m_model->beginReset();
@@ -427,6 +522,27 @@ ListItem* ListView::HitTest(const QPoint& viewportPos, int* subItem) const {
     const QModelIndex i = indexAt(viewportPos);
     if (subItem) *subItem = i.isValid() ? i.column() : -1;
     return i.isValid() ? ListItems.At(i.row()) : nullptr;
+}
+
+bool ListView::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QTreeView::viewportEvent(event);
+    // A cell too narrow for its text shows the whole text when the pointer rests on it.
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const QModelIndex index = indexAt(help->pos());
+    const QString text = index.isValid() ? m_model->data(index, Qt::DisplayRole).toString() : QString();
+    if (!text.isEmpty() && cellTextCut(index))
+        QToolTip::showText(help->globalPos(), text, viewport(), visualRect(index));
+    else
+        QToolTip::hideText();
+    return true;
+}
+
+bool ListView::cellTextCut(const QModelIndex& index) const {
+    QStyleOptionViewItem opt;
+    initViewItemOption(&opt);
+    opt.rect = visualRect(index);
+    const QSize needed = itemDelegateForIndex(index)->sizeHint(opt, index);
+    return needed.width() > opt.rect.width();
 }
 
 void ListView::paintEvent(QPaintEvent* event) {

@@ -49,6 +49,15 @@ class ListView : public QTreeView {
     // holds one key per row, in the present order of the rows. Equal keys keep their order;
     // Sorted stays as it is. Inside a BeginUpdate block the view hears of it at EndUpdate.
     void SortByKeys(const TextOrder::Keys& keys);
+    // Sorts the rows in SortOrder by the texts that `rule` writes for them (appending to `out`)
+    // instead of by their cells, and keeps them so while the rule is in force: a row added, or
+    // one whose cells or Tag change, goes to its place, and a new SortOrder sorts again. The rule
+    // ends with SetSorted, SetSortKey, SortByKeys, another rule, or a Clear of the rows (a list
+    // filled afresh is sorted afresh). Equal texts keep their order. Inside a BeginUpdate block
+    // the view hears of it at EndUpdate, and rows added there are placed then.
+    using SortTextRule = std::function<void(const ListItem& item, QString& out)>;
+    void SortByRule(SortTextRule rule);
+    bool HasSortRule() const { return bool(m_sortRule); }
 
     // The selected row, nullptr for none: the current row when it is selected, else the first
     // selected row. Setting selects that row alone; nullptr clears the selection.
@@ -114,6 +123,7 @@ class ListView : public QTreeView {
     void ContextMenu(const QPoint& pos);
 
   protected:
+    bool viewportEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -150,7 +160,11 @@ class ListView : public QTreeView {
     void selectRow(int row, bool selected);
     void showRow(int row);
     int sortedPlace(const ListItem* item) const;
+    void tagChanged(ListItem* item);
+    int placeOfNewRow(const ListItem* item, int row);
+    QString ruleText(const ListItem* item) const;
 
+    bool cellTextCut(const QModelIndex& index) const;
     void sortRows();
     void sortNow(bool tellView);
     void sortNow(bool tellView, const TextOrder::Keys& keys);
@@ -170,6 +184,7 @@ class ListView : public QTreeView {
     int m_sortOrder = lvwAscending;
     int m_updates = 0;
     bool m_sortPending = false;
+    SortTextRule m_sortRule;
     bool m_headerByCode = false; // header changes made here, not by the user
     Qt::MouseButton m_lastButton = Qt::NoButton;
     CellColorRule m_cellColor;

@@ -1,7 +1,10 @@
 #pragma once
 // The text order of the controls' sorts: the user's locale, without regard to case, digits as
-// text ("10" before "9"). Under the C locale it is the plain code order of the case-folded
-// texts. The same order for the tree, the list and their users.
+// text ("10" before "9"). Under the C locale, which has no order of its own, the Unicode root
+// order without regard to case: blanks and signs, then digits, then letters, a letter with marks
+// beside its base letter (É with E, Å with A, Ø with O, Ł with L, ß as "ss", Æ as "ae"), other
+// scripts after the Latin one; texts equal but for their marks put the plain one first. The same
+// order for the tree, the list and their users.
 
 #include <QCollatorSortKey>
 #include <QString>
@@ -25,8 +28,8 @@ class Keys {
 
   private:
     std::vector<QCollatorSortKey> m_keys; // with a locale
-    // Under the C locale: the case-folded texts one after the other, and where each one ends.
-    QString m_folded;
+    // Under the C locale: the keys of the root order one after the other, and where each ends.
+    QString m_plain;
     std::vector<qsizetype> m_ends;
 };
 

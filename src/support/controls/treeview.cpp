@@ -3,6 +3,7 @@
 #include "support/controls/imagelist.h"
 #include "support/controls/treelabeldelegate.h"
 
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -143,7 +144,23 @@ void TreeView::onCollapsed(QTreeWidgetItem* item) {
 
 void TreeView::mousePressEvent(QMouseEvent* event) {
     emit MouseDown(event->button(), event->modifiers(), event->position().toPoint());
+    const TreeNode* before = SelectedItem();
     QTreeWidget::mousePressEvent(event);
+    // The right button selects too; the window follows as for a left click.
+    TreeNode* after = SelectedItem();
+    if (event->button() == Qt::RightButton && after && after != before) emit NodeClick(after);
+}
+
+void TreeView::contextMenuEvent(QContextMenuEvent* event) {
+    QPoint pos = event->pos();
+    if (event->reason() != QContextMenuEvent::Mouse) {
+        const TreeNode* node = SelectedItem();
+        if (!node) return;
+        scrollToItem(node);
+        pos = visualItemRect(node).center();
+    }
+    emit ContextMenu(pos);
+    event->accept();
 }
 
 void TreeView::keyPressEvent(QKeyEvent* event) {

@@ -53,18 +53,25 @@ class TreeView : public QTreeWidget {
     void SetDropHighlight(TreeNode* node);
 
   signals:
-    void NodeClick(TreeNode* node); // a click on a node, or keyboard navigation to one
-    void Collapse(TreeNode* node);  // a selected descendant moves to the collapsed node first
+    // A click on a node with either button, or keyboard navigation to one. A right click that
+    // selects another node raises it too, before ContextMenu, so that what the tree selects and
+    // what the rest of the window shows never part.
+    void NodeClick(TreeNode* node);
+    void Collapse(TreeNode* node); // a selected descendant moves to the collapsed node first
     void Expand(TreeNode* node);
     void BeforeLabelEdit(bool& Cancel);
     void AfterLabelEdit(bool& Cancel, QString& NewString);
     void MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers shift, const QPoint& pos);
+    // The pop-up menu is asked for: a right click or the menu key. `pos` is in the viewport; from
+    // the keyboard it is the middle of the selected node.
+    void ContextMenu(const QPoint& pos);
     void KeyUp(int key, Qt::KeyboardModifiers shift);
     void GotFocus();
     void LostFocus();
 
   protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
