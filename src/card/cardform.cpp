@@ -19,6 +19,7 @@
 #include "preferences/settingvalue.h"
 #include "support/controls/imagecombo.h"
 #include "support/controls/imagelist.h"
+#include "support/controls/photofit.h"
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"
 #include "support/helpers/keys.h"
@@ -77,7 +78,7 @@ QString setting(const QString& section, const QString& key, const QString& fallb
 
 } // namespace
 
-CardForm::CardForm(QWidget* parent) : QDialog(parent) {
+CardForm::CardForm(const QString& formName, QWidget* parent) : FormDialog(formName, parent) {
     // In the order of the tab key: the name and address, the comment, the trees, the numbers, the
     // photo, then the choice of layout and the two buttons.
     lblFullName = make<QLabel>(this, QStringLiteral("lblFullName"));
@@ -255,7 +256,7 @@ void CardForm::Form_Load() {
     bnOK->setText(msgOK);
     bnCancel->setText(msgCancel);
 
-    mRegSettings::GetWindowConfig(this, FormName());
+    RestorePlace();
     mRegSettings::ApplyPreferenceFont(this);
 
     // The combos show the images of the main window's trees.
@@ -598,7 +599,7 @@ void CardForm::bnOK_Click() {
         return;
     }
     saveLayoutChoice();
-    unloadForm(QDialog::Accepted);
+    done(QDialog::Accepted);
 }
 
 void CardForm::bnCancel_Click() {
@@ -607,7 +608,7 @@ void CardForm::bnCancel_Click() {
     if (const auto& hook = mCard::Hooks().UpdateMainCatTree) hook(AddCat, AddBor, AddBox);
     if (const auto view = mTV::MainWindowView()) mLV::AddMissingCatRecords(view->ListView2, view->CatTree);
     saveLayoutChoice();
-    unloadForm(QDialog::Rejected);
+    done(QDialog::Rejected);
 }
 
 void CardForm::reject() {
@@ -619,17 +620,8 @@ void CardForm::saveLayoutChoice() {
     SaveSetting(AppTitle(), kPreferences, QStringLiteral("ContactCardWithTabs"), ContactCardWithTabs);
 }
 
-void CardForm::unloadForm(int result) {
+void CardForm::BeforeUnload() {
     PutCommentHome();
-    onEvent("Form_Unload", [this] { Form_Unload(); });
-    QDialog::done(result);
-}
-
-void CardForm::Form_Unload() {
-    HUNT_PLACE(Place("Form_Unload"));
-    if (m_unloaded) return;
-    m_unloaded = true;
-    mRegSettings::SaveWindowConfig(this, FormName());
     if (WindowAnimation1 && !isMaximized() && !isMinimized())
         if (const auto& hook = mCard::Hooks().CloseAnimation) hook(this);
 }
@@ -750,18 +742,14 @@ void CardForm::CommentAndNameUpdate() {
 
 void CardForm::ResizePhotoInProperties() {
     const QRect frame = GroupBox1->contentsRect();
-    if (picImage.isNull() || frame.isEmpty()) {
+    const QPixmap shown = mPhoto::FitPhoto(picImage, frame.size());
+    if (shown.isNull()) {
         picBox->clear();
         return;
     }
-    // A larger photo is scaled down to the frame, keeping its proportions; a smaller one keeps
-    // its own size. It stands centred.
-    QSize size = picImage.size();
-    if (size.width() > frame.width() || size.height() > frame.height())
-        size.scale(frame.size(), Qt::KeepAspectRatio);
-    picBox->setPixmap(size == picImage.size()
-                          ? picImage
-                          : picImage.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    // The photo stands centred in its frame.
+    const QSize size = shown.size();
+    picBox->setPixmap(shown);
     picBox->setGeometry(QRect(frame.x() + (frame.width() - size.width()) / 2,
                               frame.y() + (frame.height() - size.height()) / 2, size.width(), size.height()));
 }

@@ -6,6 +6,8 @@
 
 #include "phonebook/store/dao.h"
 
+#include "preferences/formdialog.h"
+
 #include <QDialog>
 #include <QPixmap>
 #include <QString>
@@ -25,7 +27,7 @@ class QToolButton;
 class TreeNode;
 class TreeView;
 
-class CardForm : public QDialog {
+class CardForm : public FormDialog {
     Q_OBJECT
   public:
     // The number rows, 1 to 12; arrays of rows keep place 0 empty so that row N is [N].
@@ -74,11 +76,10 @@ class CardForm : public QDialog {
     QPushButton *bnOK, *bnCancel;
 
     // The name of the form ("Form3", "Form2"): its window place and the places in error reports.
-    virtual QString FormName() const = 0;
+    QString FormName() const { return objectName(); }
 
     // Window procedures.
     void Form_Load();
-    void Form_Unload();
     void bnOK_Click();
     void bnCancel_Click();
 
@@ -120,7 +121,7 @@ class CardForm : public QDialog {
     void SavePhotoToDB(dao::Recordset& rstWork);
 
   protected:
-    explicit CardForm(QWidget* parent);
+    CardForm(const QString& formName, QWidget* parent);
 
     // The layout's part of Increase and Decrease: where the comment box stands and how large.
     virtual void ShowCommentLarge(bool large) = 0;
@@ -133,6 +134,8 @@ class CardForm : public QDialog {
     const char* Place(const char* procedure);
 
     void reject() override; // Esc and the close button work as Cancel
+    // The comment box goes home and, by preference, the card fades out.
+    void BeforeUnload() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
@@ -146,8 +149,6 @@ class CardForm : public QDialog {
     void loadContact();
     void applyRestrictions();
     void saveLayoutChoice();
-    void unloadForm(int result);
 
-    bool m_unloaded = false;
     std::map<std::string, std::string> m_places;
 };

@@ -13,8 +13,7 @@
 
 using namespace mLanguageGobals;
 
-Form2::Form2(QWidget* parent) : CardForm(parent) {
-    setObjectName(QStringLiteral("Form2"));
+Form2::Form2(QWidget* parent) : CardForm(QStringLiteral("Form2"), parent) {
     GroupBox2 = new QGroupBox(msgGeneralInfo, this);
     GroupBox2->setObjectName(QStringLiteral("GroupBox2"));
     GroupBox3 = new QGroupBox(msgPhoneFaxEmailSkypeEtc, this);

@@ -11,8 +11,6 @@ class Form2 : public CardForm {
   public:
     explicit Form2(QWidget* parent = nullptr);
 
-    QString FormName() const override { return QStringLiteral("Form2"); }
-
     QGroupBox* GroupBox2; // "General Info", the home of the comment
     QGroupBox* GroupBox3; // the numbers
     QGroupBox* GroupBox4; // "Photo"

@@ -19,8 +19,7 @@ namespace {
 constexpr int kCommentPage = 3;
 }
 
-Form3::Form3(QWidget* parent) : CardForm(parent) {
-    setObjectName(QStringLiteral("Form3"));
+Form3::Form3(QWidget* parent) : CardForm(QStringLiteral("Form3"), parent) {
     TabControl1 = new QTabWidget(this);
     TabControl1->setObjectName(QStringLiteral("TabControl1"));
     TabControl1->setUsesScrollButtons(false); // the card is as wide as its four tabs

@@ -12,8 +12,6 @@ class Form3 : public CardForm {
   public:
     explicit Form3(QWidget* parent = nullptr);
 
-    QString FormName() const override { return QStringLiteral("Form3"); }
-
     QTabWidget* TabControl1;
     QWidget* TabControlPage1; // "General Info"
     QWidget* TabControlPage2; // the numbers

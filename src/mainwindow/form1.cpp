@@ -18,6 +18,7 @@
 #include "preferences/settings.h"
 #include "preferences/settingvalue.h"
 #include "support/controls/commandbars.h"
+#include "support/controls/photofit.h"
 #include "support/controls/imagelist.h"
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"
@@ -218,32 +219,14 @@ void Form1::LoadPhotoFromDB(const dao::Recordset& rstWork) {
 // keeping its proportions; a smaller one is never enlarged. It stands centred on white.
 void Form1::ResizePhoto() {
     const QSize frame = m_photoFrame->size();
-    if (picImage.isNull() || frame.isEmpty()) {
+    const QPixmap shown = mPhoto::FitPhoto(picImage, frame);
+    if (shown.isNull()) {
         picBox->clear();
         return;
     }
-    double w = picImage.width(), h = picImage.height();
-    if (w > frame.width()) {
-        const float r = float(frame.width()) / float(w);
-        w = qRound(w * r);
-        h = qRound(h * r);
-    }
-    if (h > frame.height()) {
-        const float r = float(frame.height()) / float(h);
-        w = qRound(w * r);
-        h = qRound(h * r);
-    }
-    const QSize fitted(qMax(1, int(w)), qMax(1, int(h)));
-    QPixmap shown(fitted);
-    shown.fill(Qt::white);
-    {
-        QPainter p(&shown);
-        p.setRenderHint(QPainter::SmoothPixmapTransform);
-        p.drawPixmap(QRect(QPoint(0, 0), fitted), picImage);
-    }
     picBox->setPixmap(shown);
-    picBox->setGeometry((frame.width() - fitted.width()) / 2, (frame.height() - fitted.height()) / 2,
-                        fitted.width(), fitted.height());
+    picBox->setGeometry((frame.width() - shown.width()) / 2, (frame.height() - shown.height()) / 2, shown.width(),
+                        shown.height());
 }
 
 void Form1::MenuUpdate() {

@@ -42,9 +42,35 @@ QRect screenArea(const QWidget* frm) {
     return screen ? screen->availableGeometry() : QRect();
 }
 
+// A window that is not shown yet takes the size it will show with.
+QSize sizeToShow(QWidget* frm) {
+    if (!frm->isVisible() && !frm->testAttribute(Qt::WA_Resized)) frm->adjustSize();
+    return frm->size();
+}
+
+// Places and sizes are those of the window without its frame: the frame is not known before the
+// window shows, and a window manager may draw it any size, so only this measure comes back as it
+// was stored.
+void placeAt(QWidget* frm, const QPoint& topLeft) { frm->setGeometry(QRect(topLeft, sizeToShow(frm))); }
+
 void centreIn(QWidget* frm, const QRect& area) {
-    const QSize size = frm->frameGeometry().size();
-    frm->move(area.x() + (area.width() - size.width()) / 2, area.y() + (area.height() - size.height()) / 2);
+    const QSize size = sizeToShow(frm);
+    placeAt(frm, QPoint(area.x() + (area.width() - size.width()) / 2, area.y() + (area.height() - size.height()) / 2));
+}
+
+// A stored place on no screen any more (a screen removed, a smaller one) is moved onto the
+// nearest screen, so that the title bar can be reached.
+QPoint onScreen(QWidget* frm, const QPoint& topLeft) {
+    const QScreen* screen = QGuiApplication::screenAt(topLeft);
+    if (!screen) screen = frm->screen() ? frm->screen() : QGuiApplication::primaryScreen();
+    if (!screen) return topLeft;
+    const QRect area = screen->availableGeometry();
+    const QSize size = sizeToShow(frm);
+    // Room above for a title bar, which the stored place does not include.
+    constexpr int kTitle = 32;
+    const int x = qBound(area.left(), topLeft.x(), qMax(area.left(), area.right() - size.width()));
+    const int y = qBound(area.top() + kTitle, topLeft.y(), qMax(area.top() + kTitle, area.bottom() - size.height()));
+    return QPoint(x, y);
 }
 
 } // namespace
@@ -83,8 +109,8 @@ void SaveWindowConfig(QWidget* frm, const QString& name) {
     const bool maximized = frm->isMaximized();
     if (!maximized) {
         if (SaveWindowLocation) {
-            SaveSetting(AppTitle(), section, kLeft, frm->x());
-            SaveSetting(AppTitle(), section, kTop, frm->y());
+            SaveSetting(AppTitle(), section, kLeft, frm->geometry().x());
+            SaveSetting(AppTitle(), section, kTop, frm->geometry().y());
         }
         if (keepsSize(name) && SaveWindowSize) {
             SaveSetting(AppTitle(), section, kWidth, frm->width());
@@ -100,8 +126,10 @@ void GetWindowConfig(QWidget* frm, const QString& name) {
     const QString section = WindowSection(name);
     if (keepsSize(name) && SaveWindowSize)
         frm->resize(readPixels(section, kWidth, frm->width()), readPixels(section, kHeight, frm->height()));
-    if (SaveWindowLocation)
-        frm->move(readPixels(section, kLeft, frm->x()), readPixels(section, kTop, frm->y()));
+    const bool stored = !GetSetting(AppTitle(), section, kLeft, QString()).isEmpty() &&
+                        !GetSetting(AppTitle(), section, kTop, QString()).isEmpty();
+    if (SaveWindowLocation && stored)
+        placeAt(frm, onScreen(frm, QPoint(readPixels(section, kLeft, 0), readPixels(section, kTop, 0))));
     else if (name == QLatin1String("Form1"))
         CenterScreen(frm);
     else
@@ -121,7 +149,7 @@ void CenterOwner(QWidget* frm) {
     if (!frm) return;
     const QWidget* owner = frm->parentWidget() ? frm->parentWidget()->window() : nullptr;
     if (owner && owner->isVisible())
-        centreIn(frm, owner->frameGeometry());
+        centreIn(frm, owner->geometry());
     else
         centreIn(frm, screenArea(frm));
 }

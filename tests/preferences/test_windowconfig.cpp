@@ -1,11 +1,15 @@
 // Remembered window places, and the list and tree preferences applied to views.
 #include "core/globals.h"
+#include "preferences/formdialog.h"
 #include "preferences/preferences.h"
 #include "preferences/regsettings.h"
 #include "preferences/settings.h"
 #include "support/fixture.h"
 
 #include <QDialog>
+#include <QLabel>
+#include <QTest>
+#include <QVBoxLayout>
 #include <QGuiApplication>
 #include <QListView>
 #include <QMainWindow>
@@ -87,6 +91,49 @@ TEST_F(WindowPlaces, MinimisedKeepsThePreviousPlaceAndMaximisedKeepsTheNormalSiz
     GetWindowConfig(&again, "Form8");
     EXPECT_TRUE(again.isMaximized());
     EXPECT_EQ(again.size(), QSize(500, 350));
+}
+
+namespace {
+// A small window of the program: it takes its place at load and keeps it when it closes.
+class PlacedDialog : public FormDialog {
+  public:
+    explicit PlacedDialog(QWidget* owner) : FormDialog(QStringLiteral("Form20"), owner) {
+        (new QVBoxLayout(this))->addWidget(new QLabel(QStringLiteral("A node and its comment"), this));
+        RestorePlace();
+    }
+};
+} // namespace
+
+TEST_F(WindowPlaces, AWindowWithoutAStoredPlaceOpensOverItsOwnerAndThenKeepsItsPlace) {
+    QMainWindow main;
+    main.setGeometry(200, 150, 500, 400);
+    main.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&main));
+    QPoint place;
+    {
+        PlacedDialog first(&main);
+        first.show();
+        EXPECT_EQ(first.geometry().center(), main.geometry().center()); // not the corner of the screen
+        first.move(first.pos() + QPoint(37, 23));
+        place = first.geometry().topLeft();
+        first.accept();
+    }
+    // Opened and closed again and again, it stays where the user left it.
+    for (int round = 0; round < 3; ++round) {
+        PlacedDialog again(&main);
+        again.show();
+        EXPECT_EQ(again.geometry().topLeft(), place) << round;
+        again.reject();
+    }
+}
+
+TEST_F(WindowPlaces, APlaceOffEveryScreenComesBackOnScreen) {
+    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+    SaveSetting(AppTitle(), "CategoryProperties", "MainLeft", area.right() + 900);
+    SaveSetting(AppTitle(), "CategoryProperties", "MainTop", area.top() - 300);
+    PlacedDialog dialog(nullptr);
+    EXPECT_TRUE(area.contains(dialog.geometry())) << dialog.geometry().x() << "," << dialog.geometry().y();
+    EXPECT_GT(dialog.geometry().top(), area.top()); // room for the title bar
 }
 
 TEST(ApplyPreferences, FontAndIconSizeGoToTheGivenViews) {
