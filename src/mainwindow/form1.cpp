@@ -229,6 +229,13 @@ void Form1::ResizePhoto() {
                         shown.height());
 }
 
+void Form1::ROSwitch() {
+    HUNT_PLACE("Form1.ROSwitch");
+    gRestricted = gFileReadOnly || gReadOnlyMode;
+    if (CommandBarAction* full = CommandBars1->FindAction(cmd::AccessFull)) full->SetChecked(!gReadOnlyMode);
+    if (CommandBarAction* ro = CommandBars1->FindAction(cmd::AccessReadOnly)) ro->SetChecked(gReadOnlyMode);
+}
+
 void Form1::MenuUpdate() {
     HUNT_PLACE("Form1.MenuUpdate");
     auto enable = [this](int id, bool on) {

@@ -89,7 +89,9 @@ class Form1 : public QMainWindow, public mTV::MainWindow {
     void SetNoImage();
     void ResizePhoto();
     void LoadPhotoFromDB(const dao::Recordset& rstWork);
-    void ROSwitch() {}
+    // Restricted when the file opened read-only or the session is in Read-only access; the two
+    // access entries show the mode.
+    void ROSwitch();
     // The tree tabs, the letters and the category mode for a phonebook just opened, and its tree
     // filled: Categories, all letters, the root in force.
     void IniToolBar2();

@@ -4,6 +4,7 @@
 #include "card/cardentries.h"
 #include "card/cardform.h"
 #include "core/globals.h"
+#include "phonebook/store/daoimpl.h"
 #include "core/language.h"
 #include "core/commandids.h"
 #include "core/seams.h"
@@ -407,3 +408,23 @@ TEST_F(View, AClickOnALinkValueOfTheDetailPaneOpensIt) {
               u"mailto:a@b.example?Subject=Q%20%26%20A%0D%0Anow&Body=Hi%0A%0D%0A&CC=c@d"_s);
 }
 
+
+TEST_F(View, APhonebookOpenedReadOnlyRestrictsTheCommandsThatWrite) {
+    dao::Hooks().refuseOpen = [](const QString&, bool readOnly) { return readOnly ? 0 : qint32(dao::errPermission); };
+    Form1& f = start();
+    dao::Hooks() = dao::TestHooks();
+    EXPECT_TRUE(gFileReadOnly);
+    EXPECT_TRUE(gRestricted);
+    EXPECT_TRUE(action(cmd::AccessFull)->Checked()); // the file, not the session, is read-only
+    ListItem* favorite = list().ListItems(u"ID%1"_s.arg(ann));
+    list().SetSelectedItem(favorite);
+    f.ListView2_ItemClick(favorite);
+    EXPECT_FALSE(action(cmd::ContactNoFavorite)->Enabled());
+
+    // A phonebook that can be written lifts the restriction.
+    gFileReadOnly = false;
+    f.ROSwitch();
+    f.ListView2_ItemClick(favorite);
+    EXPECT_FALSE(gRestricted);
+    EXPECT_TRUE(action(cmd::ContactNoFavorite)->Enabled());
+}
