@@ -26,7 +26,6 @@
 #include "trees/form14.h"
 #include "trees/membership.h"
 #include "trees/pedigree.h"
-#include "trees/transaction.h"
 #include "trees/treefill.h"
 #include "trees/treeselect.h"
 #include "trees/viewstate.h"
@@ -562,7 +561,7 @@ void CardForm::bnOK_Click() {
         OldCardLetter = oldLetter;
     };
     try {
-        mTV::WorkspaceTrans trans;
+        dao::Transaction trans(gWS);
         if (!adding) {
             UpdateRecord(false);
             UpdateDriveList();
