@@ -192,8 +192,9 @@ bool isKeyword(const Word& w) {
 
 // Whether a statement that SQLite refused names a table or a field the file does not have.
 // SQLite gives that case no code of its own, so the store compares the statement's names with
-// the file's tables and fields, and with the statement's own aliases.
-bool namesMissingItem(DatabaseImpl* d, const QByteArray& sql) {
+// the file's tables and fields, and with the statement's own aliases. When the file cannot tell
+// (locked, unreadable), that error is thrown.
+bool namesMissingItem(DatabaseImpl* d, const QByteArray& sql, const QString& context) {
     const std::vector<Word> words = wordsOf(sql);
     if (words.empty()) return false;
     const QByteArray& verb = words.front().text;
@@ -226,18 +227,18 @@ bool namesMissingItem(DatabaseImpl* d, const QByteArray& sql) {
         }
     }
     sqlite3_stmt* raw = nullptr;
-    if (sqlite3_prepare_v2(d->db,
-                           "SELECT m.name, p.name FROM sqlite_master m LEFT JOIN pragma_table_info(m.name) p "
-                           "WHERE m.type IN ('table', 'view')",
-                           -1, &raw, nullptr) != SQLITE_OK)
-        return false;
+    const int prepared = sqlite3_prepare_v2(d->db,
+                                            "SELECT m.name, p.name FROM sqlite_master m LEFT JOIN "
+                                            "pragma_table_info(m.name) p WHERE m.type IN ('table', 'view')",
+                                            -1, &raw, nullptr);
     const Statement schema(d, raw);
+    if (prepared != SQLITE_OK) d->fail(prepared, context);
     int rc;
     while ((rc = sqlite3_step(raw)) == SQLITE_ROW)
         for (int c = 0; c < 2; ++c)
             if (const auto* name = reinterpret_cast<const char*>(sqlite3_column_text(raw, c)))
                 known.insert(QByteArray(name).toLower());
-    if (rc != SQLITE_DONE) return false; // the file cannot tell: the statement's own error stands
+    if (rc != SQLITE_DONE) d->fail(rc, context);
     if (alter) return words.size() > 2 && !known.contains(words[2].text); // ALTER TABLE <name> ...
     for (size_t k = 0; k < words.size(); ++k) {
         const Word& w = words[k];
@@ -321,7 +322,7 @@ Statement DatabaseImpl::prepare(const QByteArray& utf8, int from, int* tail, con
     const int rc = sqlite3_prepare_v2(db, utf8.constData() + from, int(utf8.size()) - from, &stmt, &rest);
     if (rc != SQLITE_OK) {
         const QString msg = QString::fromUtf8(sqlite3_errmsg(db));
-        const qint32 number = rc == SQLITE_ERROR && namesMissingItem(this, utf8.mid(from))
+        const qint32 number = rc == SQLITE_ERROR && namesMissingItem(this, utf8.mid(from), jetForErrors)
                                   ? errItemNotFound
                                   : jetNumber(db, rc);
         throw DbError(number, jetForErrors.isEmpty()
