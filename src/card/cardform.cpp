@@ -27,7 +27,6 @@
 #include "trees/form14.h"
 #include "trees/membership.h"
 #include "trees/pedigree.h"
-#include "phonebook/transaction.h"
 #include "trees/treefill.h"
 #include "trees/treeselect.h"
 #include "trees/viewstate.h"
@@ -563,7 +562,7 @@ void CardForm::bnOK_Click() {
         OldCardLetter = oldLetter;
     };
     try {
-        mTV::WorkspaceTrans trans;
+        dao::Transaction trans(gWS);
         if (!adding) {
             UpdateRecord(false);
             UpdateDriveList();

@@ -7,7 +7,6 @@
 #include "support/controls/commandbars.h"
 #include "support/controls/listview.h"
 #include "support/helpers/keys.h"
-#include "phonebook/transaction.h"
 
 namespace mCommon {
 
@@ -49,7 +48,7 @@ void NoBorrowByClick(const mTV::MainView& view) {
     if (!row || IsNodeRow(row->Key())) return;
     const qint32 id = GetID1(row->Key());
 
-    mTV::WorkspaceTrans trans;
+    dao::Transaction trans(gWS);
     dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT Max(IDHistory) AS maxID FROM LoanHistory"),
                                           dao::dbOpenSnapshot);
     const qint64 newID = (rs.AtEOF() ? 0 : rs.Value(0).toLongLong()) + 1; // Null on an empty table

@@ -90,13 +90,13 @@ int CreateDB(const QString& sBaseName, bool FromStart) {
         gWSOpen = true;
         gDB = gWS.CreateDatabase(sBaseName);
         gDBOpen = true;
-        gWS.BeginTrans();
+        dao::Transaction trans(gWS);
         dao::TableDefs defs = gDB.TableDefs();
         for (const dao::TableDef& t : mSchema::All()) defs.Append(t);
         defs.Refresh();
         writeDefaultRows();
         mLV::UpdateCatPathAll();
-        gWS.CommitTrans();
+        trans.Commit();
         gFileReadOnly = false;
         return 1;
     } catch (const HuntERR::Error& e) {

@@ -49,21 +49,6 @@ void addRows(const QString& table, const QList<QPair<QString, QString>>& rows, b
     rs.Close();
 }
 
-// Runs one step as a transaction of its own.
-template <class F> void inTransaction(F step) {
-    gWS.BeginTrans();
-    try {
-        step();
-        gWS.CommitTrans();
-    } catch (...) {
-        try {
-            gWS.Rollback();
-        } catch (...) {
-        }
-        throw;
-    }
-}
-
 } // namespace
 
 bool CheckTable(const QString& strName) {
@@ -88,81 +73,81 @@ bool CheckTableField(const QString& strTableName, const QString& strFieldName) {
 
 void CreateCategoryRoot() {
     HUNT_PLACE("mAccess.CreateCategoryRoot");
-    inTransaction([] {
-        dao::TableDefs defs = gDB.TableDefs();
-        defs.Append(oldTree("Categories"));
-        defs.Append(oldTree("Borrows"));
-        defs.AppendField(QStringLiteral("CDs"), field("IDC", dbLong));
-        defs.AppendField(QStringLiteral("CDs"), field("IDB", dbLong, 0, false, -1));
-        defs.AppendField(QStringLiteral("CDs"), field("IsLend", dbBoolean));
-        defs.AppendField(QStringLiteral("CDs"), field("LoanStart", dbDate));
-        defs.AppendField(QStringLiteral("CDs"), field("LoanComment", dbMemo));
-        defs.Append(mSchema::LoanHistory());
-        addRows(QStringLiteral("Categories"), {{msgAllCategories, QStringLiteral("ID0E")},
-                                               {msgOthers, QStringLiteral("ID0EID1E")},
-                                               {msgMusic, QStringLiteral("ID0EID2E")},
-                                               {msgMovies, QStringLiteral("ID0EID3E")},
-                                               {msgPhotos, QStringLiteral("ID0EID4E")},
-                                               {msgSoftware, QStringLiteral("ID0EID5E")},
-                                               {msgGames, QStringLiteral("ID0EID6E")}});
-        addRows(QStringLiteral("Borrows"), {{msgAllFavorites, QStringLiteral("ID0E")},
-                                            {QStringLiteral("John Smith"), QStringLiteral("ID0EID1E")}});
-        gDB.Execute(QStringLiteral("UPDATE CDs SET IDC = 1,IDB = -1"));
-    });
+    dao::Transaction trans(gWS);
+    dao::TableDefs defs = gDB.TableDefs();
+    defs.Append(oldTree("Categories"));
+    defs.Append(oldTree("Borrows"));
+    defs.AppendField(QStringLiteral("CDs"), field("IDC", dbLong));
+    defs.AppendField(QStringLiteral("CDs"), field("IDB", dbLong, 0, false, -1));
+    defs.AppendField(QStringLiteral("CDs"), field("IsLend", dbBoolean));
+    defs.AppendField(QStringLiteral("CDs"), field("LoanStart", dbDate));
+    defs.AppendField(QStringLiteral("CDs"), field("LoanComment", dbMemo));
+    defs.Append(mSchema::LoanHistory());
+    addRows(QStringLiteral("Categories"), {{msgAllCategories, QStringLiteral("ID0E")},
+                                           {msgOthers, QStringLiteral("ID0EID1E")},
+                                           {msgMusic, QStringLiteral("ID0EID2E")},
+                                           {msgMovies, QStringLiteral("ID0EID3E")},
+                                           {msgPhotos, QStringLiteral("ID0EID4E")},
+                                           {msgSoftware, QStringLiteral("ID0EID5E")},
+                                           {msgGames, QStringLiteral("ID0EID6E")}});
+    addRows(QStringLiteral("Borrows"), {{msgAllFavorites, QStringLiteral("ID0E")},
+                                        {QStringLiteral("John Smith"), QStringLiteral("ID0EID1E")}});
+    gDB.Execute(QStringLiteral("UPDATE CDs SET IDC = 1,IDB = -1"));
+    trans.Commit();
 }
 
 void AddTableField5() {
     HUNT_PLACE("mAccess.AddTableField5");
-    inTransaction([] {
-        gDB.TableDefs().Append(mSchema::AccessMode());
-        dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM AccessMode"));
-        rs.AddNew();
-        rs.SetValue(QStringLiteral("FullPW"), QVariant());
-        rs.SetValue(QStringLiteral("ReadOnlyPW"), QVariant());
-        rs.Update();
-        rs.Close();
-    });
+    dao::Transaction trans(gWS);
+    gDB.TableDefs().Append(mSchema::AccessMode());
+    dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM AccessMode"));
+    rs.AddNew();
+    rs.SetValue(QStringLiteral("FullPW"), QVariant());
+    rs.SetValue(QStringLiteral("ReadOnlyPW"), QVariant());
+    rs.Update();
+    rs.Close();
+    trans.Commit();
 }
 
 void CreateBoxes() {
     HUNT_PLACE("mAccess.CreateBoxes");
-    inTransaction([] {
-        dao::TableDefs defs = gDB.TableDefs();
-        defs.Append(mSchema::Boxes());
-        defs.AppendField(QStringLiteral("Categories"), field("Catpath", dbMemo, 0, true));
-        defs.AppendField(QStringLiteral("Borrows"), field("Catpath", dbMemo, 0, true));
-        defs.AppendField(QStringLiteral("CDs"), field("IDX", dbLong));
-        addRows(QStringLiteral("Boxes"), {{msgAllGroups, QStringLiteral("ID0E")}, {msgOthers, QStringLiteral("ID0EID1E")}},
-                true);
-        gDB.Execute(QStringLiteral("UPDATE CDs SET CDs.IDX = 1"));
-        mLV::UpdateCatPathAll();
-    });
+    dao::Transaction trans(gWS);
+    dao::TableDefs defs = gDB.TableDefs();
+    defs.Append(mSchema::Boxes());
+    defs.AppendField(QStringLiteral("Categories"), field("Catpath", dbMemo, 0, true));
+    defs.AppendField(QStringLiteral("Borrows"), field("Catpath", dbMemo, 0, true));
+    defs.AppendField(QStringLiteral("CDs"), field("IDX", dbLong));
+    addRows(QStringLiteral("Boxes"),
+            {{msgAllGroups, QStringLiteral("ID0E")}, {msgOthers, QStringLiteral("ID0EID1E")}}, true);
+    gDB.Execute(QStringLiteral("UPDATE CDs SET CDs.IDX = 1"));
+    mLV::UpdateCatPathAll();
+    trans.Commit();
 }
 
 void AddTableField6() {
     HUNT_PLACE("mAccess.AddTableField6");
-    inTransaction([] {
-        dao::TableDefs defs = gDB.TableDefs();
-        defs.AppendField(QStringLiteral("CDs"), field("Photo", dao::dbLongBinary));
-        defs.AppendField(QStringLiteral("CDs"), field("PhotoExt", dao::dbText, 15));
-        defs.AppendField(QStringLiteral("CDs"), field("PhotoSize", dao::dbDouble));
-    });
+    dao::Transaction trans(gWS);
+    dao::TableDefs defs = gDB.TableDefs();
+    defs.AppendField(QStringLiteral("CDs"), field("Photo", dao::dbLongBinary));
+    defs.AppendField(QStringLiteral("CDs"), field("PhotoExt", dao::dbText, 15));
+    defs.AppendField(QStringLiteral("CDs"), field("PhotoSize", dao::dbDouble));
+    trans.Commit();
 }
 
 void FixNullIDX() {
     HUNT_PLACE("mAccess.FixNullIDX");
-    inTransaction([] {
-        dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT Count(CDs.IDCD) AS CNT ") +
-                                                  QStringLiteral("From CDs ") +
-                                                  QStringLiteral("WHERE IsNull([IDX])=True"),
-                                              dao::dbOpenSnapshot);
-        const int cnt = rs.AtEOF() ? 0 : rs[QStringLiteral("CNT")].toInt();
-        rs.Close();
-        if (cnt > 0) {
-            gDB.Execute(QStringLiteral("UPDATE CDs SET CDs.IDX = 1 WHERE IsNull([IDX])=True"));
-            mLV::UpdateCatPathAll();
-        }
-    });
+    dao::Transaction trans(gWS);
+    dao::Recordset rs =
+        gDB.OpenRecordset(QStringLiteral("SELECT Count(CDs.IDCD) AS CNT ") + QStringLiteral("From CDs ") +
+                              QStringLiteral("WHERE IsNull([IDX])=True"),
+                          dao::dbOpenSnapshot);
+    const int cnt = rs.AtEOF() ? 0 : rs[QStringLiteral("CNT")].toInt();
+    rs.Close();
+    if (cnt > 0) {
+        gDB.Execute(QStringLiteral("UPDATE CDs SET CDs.IDX = 1 WHERE IsNull([IDX])=True"));
+        mLV::UpdateCatPathAll();
+    }
+    trans.Commit();
 }
 
 void UpgradeChain() {

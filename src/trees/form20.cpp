@@ -9,7 +9,6 @@
 #include "support/controls/treeview.h"
 #include "support/helpers/values.h"
 #include "phonebook/catpath.h"
-#include "phonebook/transaction.h"
 #include "trees/treeedit.h"
 #include "trees/treelabels.h"
 #include "trees/treesort.h"
@@ -165,7 +164,6 @@ void Form20::bnOK_Click() {
     const QString name = pID == 0 ? m_loadedName : fdName->text();
     const QString comment = fdComment->toPlainText();
 
-    mTV::WorkspaceTrans trans;
     // Checked before anything changes, so that the forced failure leaves phonebook and
     // controls as they were.
     if (name == kErrorProbe) throw HuntERR::Error(11, QStringLiteral("Division by zero"));
@@ -175,6 +173,7 @@ void Form20::bnOK_Click() {
         const bool commentChanged = comment != m_loadedComment;
         if (nameChanged || commentChanged) {
             const QString key = QStringLiteral("ID%1").arg(pID);
+            dao::Transaction trans(gWS);
             dao::Recordset rs = gDB.OpenRecordset(
                 QStringLiteral("Select * From %1 WHERE ID = %2").arg(mTV::TreeTable(mode)).arg(pID),
                 dao::dbOpenDynaset);
@@ -184,6 +183,7 @@ void Form20::bnOK_Click() {
             rs.Update();
             rs.Close();
             mLV::UpdateCatPaths(key + QLatin1Char('E'), mode);
+            trans.Commit(); // the controls follow once the phonebook holds the change
 
             ListItem* row = pFromDiskList ? m_list.SelectedItem() : nullptr;
             if (nameChanged) {
@@ -199,11 +199,11 @@ void Form20::bnOK_Click() {
                     show(*row, mCommon::NzMultiline(TextOrNull(comment), QVariant(QString())).toString());
         }
     } else {
+        // One new row, written before the tree shows it.
         mTV::CatTreeAdd2({m_tree, true}, name, mode);
         mTV::SortTreeByName(m_tree);
     }
 
-    trans.Commit();
     accept();
 }
 

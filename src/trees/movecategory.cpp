@@ -5,7 +5,6 @@
 #include "support/controls/treeview.h"
 #include "support/helpers/keys.h"
 #include "phonebook/catpath.h"
-#include "phonebook/transaction.h"
 #include "trees/viewstate.h"
 
 namespace mLV {
@@ -18,7 +17,7 @@ void MoveCategory(const QString& pFrom, const QString& pTo, const QString& pThis
     const qint32 toID = mCommon::GetID1(pTo);
     const QString fromMark = pFrom + QLatin1Char('E');
 
-    mTV::WorkspaceTrans trans;
+    dao::Transaction trans(gWS);
     dao::Recordset rs = gDB.OpenRecordset(
         QStringLiteral("SELECT Pedigree From %1 WHERE ID = %2").arg(table).arg(toID), dao::dbOpenSnapshot);
     const QString prefix = rs[QStringLiteral("Pedigree")].toString();

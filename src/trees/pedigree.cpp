@@ -5,7 +5,6 @@
 #include "support/controls/treeview.h"
 #include "support/helpers/keys.h"
 #include "phonebook/catpath.h"
-#include "phonebook/transaction.h"
 #include "trees/viewhooks.h"
 
 namespace mTV {
@@ -65,7 +64,7 @@ void CategoryUpdate(const TreeForm& frm, qint16 mode, QString& NewString) {
     const QString key = frm.CatTree.Tag();
     if (key.isEmpty()) return;
 
-    WorkspaceTrans trans;
+    dao::Transaction trans(gWS);
     dao::Recordset rs = gDB.OpenRecordset(
         QStringLiteral("SELECT * FROM %1 Where ID = %2").arg(TreeTable(mode)).arg(mCommon::GetID1(key)),
         dao::dbOpenDynaset);

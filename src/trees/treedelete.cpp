@@ -8,7 +8,6 @@
 #include "support/helpers/keys.h"
 #include "phonebook/catpath.h"
 #include "trees/deletecd.h"
-#include "phonebook/transaction.h"
 #include "trees/viewhooks.h"
 #include "trees/viewstate.h"
 
@@ -66,7 +65,7 @@ void CatTreeDelete(TreeView& CatTree, bool pFromDiskList, bool fromTab) {
     if (key.isEmpty()) return;
     const qint32 id = mCommon::GetID1(key);
 
-    WorkspaceTrans trans;
+    dao::Transaction trans(gWS);
     if (mode == 2) {
         // Favorites hold no contacts of their own: the contacts stay and lose their favorite.
         const QString inSubtree =
@@ -79,10 +78,12 @@ void CatTreeDelete(TreeView& CatTree, bool pFromDiskList, bool fromTab) {
     } else {
         mAccess::DeleteCD(id, mode);
     }
+    gDB.Execute(QStringLiteral("DELETE * From %1 Where Pedigree Like '*%2E*'").arg(TreeTable(mode), key));
+    trans.Commit();
+
+    // The controls follow once the phonebook holds the change.
     Call(hooks.ClearListSelection);
     Call(hooks.MenuNoBorrow);
-    gDB.Execute(QStringLiteral("DELETE * From %1 Where Pedigree Like '*%2E*'").arg(TreeTable(mode), key));
-
     if (pFromDiskList) {
         const QString rowKey = key + QLatin1Char('E');
         Call(hooks.RemoveListRow, rowKey);
@@ -98,7 +99,6 @@ void CatTreeDelete(TreeView& CatTree, bool pFromDiskList, bool fromTab) {
     }
     CatTree.Nodes.Remove(key);
     Call(hooks.UpdateCounters);
-    trans.Commit();
 }
 
 } // namespace mTV

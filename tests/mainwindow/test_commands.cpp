@@ -133,14 +133,14 @@ TEST_F(Commands, FileCommandsThatCannotOpenLeaveNothingOpenAndKeepTheEntry) {
     // New on a full disk: the store's message, and no file left behind.
     const QString full = path(QStringLiteral("full.kvdb"));
     chooseFile(full);
-    dao::Hooks().growthPages = 3;
     {
+        dao::ScopedHooks full;
+        full->growthPages = 3;
         fixture::MsgBoxRecorder boxes;
         ASSERT_TRUE(form->CommandBars1->ExecuteId(100));
         ASSERT_EQ(boxes.boxes.size(), 1);
         EXPECT_TRUE(boxes.boxes[0].text.startsWith(mLanguageGobals::msgCannotCreatePhonebookNoSpace));
     }
-    dao::Hooks().growthPages = 0;
     EXPECT_FALSE(QFile::exists(full));
     EXPECT_TRUE(gNotConnected);
 

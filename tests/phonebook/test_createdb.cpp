@@ -120,11 +120,11 @@ TEST_F(CreateDB, AnswersWithoutMakingAnythingWhenItMayNot) {
 }
 
 TEST_F(CreateDB, AFullDiskLeavesNoFileAndSaysSo) {
-    dao::Hooks().growthPages = 4;
+    dao::ScopedHooks full;
+    full->growthPages = 4;
     fixture::MsgBoxRecorder boxes;
     const QString book = path(QStringLiteral("full.kvdb"));
     EXPECT_EQ(mAccess::CreateDB(book, false), -1);
-    dao::Hooks().growthPages = 0;
     EXPECT_FALSE(QFile::exists(book));
     EXPECT_FALSE(gDBOpen);
     ASSERT_EQ(boxes.boxes.size(), 1);
@@ -135,12 +135,12 @@ TEST_F(CreateDB, AFullDiskLeavesNoFileAndSaysSo) {
 TEST_F(CreateDB, TheDefaultPhonebookFailsSilentlyAtStart) {
     QDir().mkpath(DefaultFolder());
     QFile::remove(DefaultPhonebook());
-    dao::Hooks().refuseOpen = [](const QString&, bool) { return qint32(70); };
+    dao::ScopedHooks refusal;
+    refusal->refuseOpen = [](const QString&, bool) { return qint32(dao::errPermission); };
     fixture::MsgBoxRecorder boxes;
     EXPECT_EQ(mAccess::CreateDB(DefaultPhonebook(), true), -1);
     EXPECT_TRUE(boxes.boxes.isEmpty());
     EXPECT_EQ(mAccess::CreateDB(DefaultPhonebook(), false), -1); // not at start: the user is told
-    dao::Hooks().refuseOpen = nullptr;
     EXPECT_EQ(boxes.texts(), QStringList{msgAccessDenied});
     EXPECT_FALSE(QFile::exists(DefaultPhonebook()));
 }

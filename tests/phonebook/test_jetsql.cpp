@@ -3,7 +3,12 @@
 #include "phonebook/store/jetfunctions.h"
 #include "phonebook/store/jetsql.h"
 
+#include <QElapsedTimer>
+#include <functional>
 #include <gtest/gtest.h>
+#include <limits>
+#include <random>
+#include <sqlite3.h>
 
 using dao::JetSql;
 
@@ -87,4 +92,131 @@ TEST(JetLike, WildcardsClassesAndCase) {
     EXPECT_TRUE(like("ünïcödé*", "ÜNÏCÖDÉ street"));
     EXPECT_TRUE(like("K", "k"));
     EXPECT_FALSE(like("K", "KA"));
+}
+
+TEST(JetSql, AMissingOperandIsASyntaxErrorThatNamesIt) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"a& ", "right operand of &"},
+        {"SELECT a & , b FROM t", "right operand of &"},
+        {"SELECT a, & b FROM t", "left operand of &"},
+        {"SELECT a & FROM t", "right operand of &"},
+        {"SELECT 2 ^ FROM t", "right operand of ^"},
+        {"SELECT ^ 2 FROM t", "left operand of ^"},
+        {"SELECT x FROM t WHERE a \\ = 1", "right operand of \\"},
+    };
+    for (const auto& [jet, missing] : cases) {
+        for (bool expression : {false, true}) {
+            try {
+                const QString text = QString::fromUtf8(jet);
+                expression ? JetSql::TranslateExpression(text) : JetSql::Translate(text);
+                ADD_FAILURE() << "translated: " << jet;
+            } catch (const dao::DbError& e) {
+                EXPECT_EQ(e.Number(), dao::errSyntax) << jet;
+                EXPECT_TRUE(e.Description().contains(QLatin1String(missing)))
+                    << e.Description().toStdString();
+            }
+        }
+    }
+}
+
+TEST(JetSql, PowerAndIntegerDivisionBindAsInJet) {
+    EXPECT_EQ(tr("SELECT a ^ 2 FROM t"), "SELECT jet_pow(a,2) FROM t");
+    EXPECT_EQ(tr("SELECT CDs.[Total Size] \\ 1024 AS KB FROM CDs"),
+              R"(SELECT jet_idiv(CDs."Total Size",1024) AS KB FROM CDs)");
+    EXPECT_EQ(tr("SELECT x FROM t WHERE Len(a) ^ 2 > 4 & b"),
+              "SELECT x FROM t WHERE jet_pow(Len(a),2) > ifnull(4,'') || ifnull(b,'')");
+
+    // The values, computed by the store's own functions.
+    sqlite3* db = nullptr;
+    ASSERT_EQ(sqlite3_open(":memory:", &db), SQLITE_OK);
+    dao::RegisterJetFunctions(db);
+    auto value = [db](const char* jet) {
+        const QByteArray sql = ("SELECT " + JetSql::TranslateExpression(QString::fromUtf8(jet))).toUtf8();
+        sqlite3_stmt* s = nullptr;
+        EXPECT_EQ(sqlite3_prepare_v2(db, sql.constData(), -1, &s, nullptr), SQLITE_OK) << sql.constData();
+        std::string out = "?";
+        if (s && sqlite3_step(s) == SQLITE_ROW)
+            out = sqlite3_column_type(s, 0) == SQLITE_NULL
+                      ? "Null"
+                      : reinterpret_cast<const char*>(sqlite3_column_text(s, 0));
+        sqlite3_finalize(s);
+        return out;
+    };
+    EXPECT_EQ(value("2 ^ 3 ^ 2"), "64.0"); // from the left
+    EXPECT_EQ(value("-2 ^ 2"), "-4.0");    // the power before the sign
+    EXPECT_EQ(value("2 ^ -1"), "0.5");
+    EXPECT_EQ(value("(1 + 2) ^ 2 * 2"), "18.0");
+    EXPECT_EQ(value("7 \\ 2"), "3");
+    EXPECT_EQ(value("-7 \\ 2"), "-3");            // cut toward zero
+    EXPECT_EQ(value("7.5 \\ 2 + 6.5 \\ 2"), "7"); // operands rounded half to even: 8 \ 2 + 6 \ 2
+    EXPECT_EQ(value("2 * 9 \\ 4"), "4");          // products first: 18 \ 4
+    EXPECT_EQ(value("9 \\ 2 * 2"), "2");          // 9 \ 4
+    EXPECT_EQ(value("100 \\ 7 \\ 2"), "7");       // from the left
+    EXPECT_EQ(value("1 - 7 \\ 2"), "-2");
+    EXPECT_EQ(value("2 ^ 2 \\ 3"), "1");
+    EXPECT_EQ(value("17 Mod 10 \\ 3"), "2"); // Mod after the division
+    EXPECT_EQ(value("5 \\ 0"), "Null");
+    EXPECT_EQ(value("Null \\ 2"), "Null");
+    EXPECT_EQ(value("Null ^ 2"), "Null");
+    EXPECT_EQ(value("1e300 \\ 1"), "Null"); // no whole number of 64 bits
+    sqlite3_close(db);
+}
+
+namespace {
+// Jet's Like by its definition, for patterns of *, ?, # and [ab]: a plain recursion over the
+// pattern and the value, remembered so that it ends.
+bool likeByDefinition(const std::string& p, const std::string& v) {
+    std::vector<std::vector<int>> memo(p.size() + 1, std::vector<int>(v.size() + 1, -1));
+    std::function<bool(size_t, size_t)> at = [&](size_t i, size_t j) -> bool {
+        int& m = memo[i][j];
+        if (m >= 0) return m;
+        bool r;
+        if (i == p.size())
+            r = j == v.size();
+        else if (p[i] == '*')
+            r = at(i + 1, j) || (j < v.size() && at(i, j + 1));
+        else if (j == v.size())
+            r = false;
+        else if (p[i] == '[')
+            r = (v[j] == 'a' || v[j] == 'b') && at(i + 4, j + 1);
+        else
+            r = (p[i] == '?' || (p[i] == '#' ? v[j] >= '0' && v[j] <= '9' : p[i] == v[j])) &&
+                at(i + 1, j + 1);
+        m = r;
+        return r;
+    };
+    return at(0, 0);
+}
+} // namespace
+
+TEST(JetLike, AgreesWithItsDefinitionOnManyPatterns) {
+    std::mt19937 random(7);
+    const std::vector<std::string> atoms{"a", "b", "1", "*", "**", "?", "#", "[ab]"};
+    for (int round = 0; round < 20000; ++round) {
+        std::string pattern, value;
+        for (int k = int(random() % 7); k > 0; --k)
+            pattern += atoms[random() % atoms.size()];
+        for (int k = int(random() % 9); k > 0; --k)
+            value += "ab1c"[random() % 4];
+        ASSERT_EQ(dao::JetLikePattern(QString::fromStdString(pattern)).Matches(QString::fromStdString(value)),
+                  likeByDefinition(pattern, value))
+            << pattern << " against " << value;
+    }
+}
+
+TEST(JetLike, ManyStarsCostTimeInProportionToTheValue) {
+    QString stars;
+    for (int k = 0; k < 29; ++k)
+        stars += QStringLiteral("*a");
+    const dao::JetLikePattern pattern(stars + QStringLiteral("*b")); // thirty stars; the value has no b
+    const QString value(255, QLatin1Char('a'));
+    qint64 best = std::numeric_limits<qint64>::max();
+    for (int run = 0; run < 5; ++run) {
+        QElapsedTimer timer;
+        timer.start();
+        EXPECT_FALSE(pattern.Matches(value));
+        best = std::min(best, timer.nsecsElapsed());
+    }
+    EXPECT_LT(best, 1000000) << best << " ns";
+    EXPECT_TRUE(pattern.Matches(value + QStringLiteral("B")));
 }

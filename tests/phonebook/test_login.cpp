@@ -60,7 +60,6 @@ class Login : public TempDirTest {
 protected:
     void TearDown() override {
         mMain::Closing();
-        dao::Hooks() = dao::TestHooks();
         TempDirTest::TearDown();
     }
     bool login(const QString& file) {
@@ -162,7 +161,10 @@ TEST_F(Login, AFileThatCannotBeWrittenOpensReadOnly) {
     const QString file = olderPhonebook(path(QStringLiteral("ro.kvdb")), Current);
     const QString old = olderPhonebook(path(QStringLiteral("ro-old.kvdb")), NoPhoto);
     // Root may write any file, so the refusal comes through the store's hook.
-    dao::Hooks().refuseOpen = [](const QString&, bool readOnly) { return readOnly ? 0 : qint32(dao::errPermission); };
+    dao::ScopedHooks refusal;
+    refusal->refuseOpen = [](const QString&, bool readOnly) {
+        return readOnly ? 0 : qint32(dao::errPermission);
+    };
     ASSERT_TRUE(login(file));
     EXPECT_TRUE(gFileReadOnly);
     EXPECT_TRUE(gDB.ReadOnly());
@@ -190,19 +192,23 @@ TEST_F(Login, APhonebookAnotherProgramWritesIsDenied) {
 
 TEST_F(Login, AFullDiskAtOpenSaysHowMuchIsFree) {
     const QString file = olderPhonebook(path(QStringLiteral("full.kvdb")), NoCategories);
-    dao::Hooks().growthPages = 1;
-    fixture::MsgBoxRecorder boxes;
-    EXPECT_FALSE(login(file));
-    ASSERT_EQ(boxes.boxes.size(), 1);
-    EXPECT_TRUE(boxes.boxes[0].text.startsWith(msgCannotOpenPhonebookNoSpace + QStringLiteral("\n") + msgFreeSpace));
-    dao::Hooks().growthPages = 0;
+    {
+        dao::ScopedHooks full;
+        full->growthPages = 1;
+        fixture::MsgBoxRecorder boxes;
+        EXPECT_FALSE(login(file));
+        ASSERT_EQ(boxes.boxes.size(), 1);
+        EXPECT_TRUE(boxes.boxes[0].text.startsWith(msgCannotOpenPhonebookNoSpace + QStringLiteral("\n") +
+                                                   msgFreeSpace));
+    }
     ASSERT_TRUE(login(file)); // the failed upgrade left nothing half made
     EXPECT_EQ(column(QStringLiteral("SELECT Count(*) FROM Categories")), QStringList{"7"});
 }
 
 TEST_F(Login, AnyOtherFailureGoesToTheErrorReport) {
     const QString file = olderPhonebook(path(QStringLiteral("odd.kvdb")), Current);
-    dao::Hooks().refuseOpen = [](const QString&, bool) { return qint32(3000); };
+    dao::ScopedHooks refusal;
+    refusal->refuseOpen = [](const QString&, bool) { return qint32(dao::errGeneral); };
     QString report;
     fixture::ModalRecorder windows([&](QDialog* form) {
         report = form->windowTitle();

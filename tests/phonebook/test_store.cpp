@@ -6,6 +6,7 @@
 #include <QDateTime>
 #include <QFile>
 #include <sqlite3.h>
+#include <stdexcept>
 
 using fixture::PhonebookTest;
 
@@ -265,4 +266,180 @@ TEST_F(Store, LookupsOfOneValue) {
     EXPECT_TRUE(inside);
     EXPECT_EQ(mCommon::GetElementPath(QStringLiteral("ID8"), inside), QString());
     EXPECT_FALSE(inside);
+}
+
+namespace {
+// Makes the phonebook refuse every commit that follows a write to CDs: a deferred foreign key is
+// checked by COMMIT itself, after the statements went through.
+void refuseCommitsAfterContactWrites() {
+    gDB.ExecuteNative(QStringLiteral(
+        "PRAGMA foreign_keys = ON; CREATE TABLE Vouchers (Name TEXT PRIMARY KEY); "
+        "CREATE TABLE Pins (Name TEXT REFERENCES Vouchers (Name) DEFERRABLE INITIALLY DEFERRED); "
+        "CREATE TRIGGER pinned AFTER INSERT ON CDs BEGIN INSERT INTO Pins VALUES ('none'); END"));
+}
+} // namespace
+
+TEST_F(Store, ACommitTheFileRefusesRollsBackAndTheNextSaveGoesThrough) {
+    refuseCommitsAfterContactWrites();
+    {
+        dao::Transaction trans(gWS);
+        addContact(QStringLiteral("Ann"));
+        EXPECT_EQ(errorOf([&] { trans.Commit(); }), dao::errRelatedRecord);
+        EXPECT_EQ(gWS.TransactionLevel(), 0);
+    }
+    EXPECT_TRUE(sqlite3_get_autocommit(gDB.handle())); // nothing left open in the file
+    EXPECT_EQ(scalar(QStringLiteral("SELECT Count(*) FROM CDs")).toInt(), 0);
+
+    // Nested: the inner level is released, the outer commit fails and takes both back.
+    gWS.BeginTrans();
+    gDB.Execute(QStringLiteral("UPDATE Categories SET Name = 'Renamed' WHERE ID = 3"));
+    gWS.BeginTrans();
+    addContact(QStringLiteral("Bob"));
+    gWS.CommitTrans();
+    EXPECT_EQ(errorOf([] { gWS.CommitTrans(); }), dao::errRelatedRecord);
+    EXPECT_EQ(gWS.TransactionLevel(), 0);
+    EXPECT_EQ(scalar(QStringLiteral("SELECT Name FROM Categories WHERE ID = 3")).toString(),
+              QStringLiteral("Business"));
+
+    // The next save, through the guard, reaches the file.
+    gDB.ExecuteNative(QStringLiteral("DROP TRIGGER pinned"));
+    {
+        dao::Transaction trans(gWS);
+        addContact(QStringLiteral("Cy"));
+        trans.Commit();
+    }
+    {
+        dao::Transaction trans(gWS); // left without Commit: rolled back
+        addContact(QStringLiteral("Dan"));
+    }
+    EXPECT_EQ(scalar(QStringLiteral("SELECT FullName FROM CDs")).toString(), QStringLiteral("Cy"));
+    EXPECT_EQ(gWS.TransactionLevel(), 0);
+}
+
+TEST_F(Store, ErrorsKeepTheirCauseWhenAnotherProgramLocksTheFile) {
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(m_path.toUtf8().constData(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_busy_timeout(gDB.handle(), 0);
+    // Reading the tables meets the lock: that is what is reported, never a missing table.
+    EXPECT_EQ(errorOf([] { gDB.TableDefs().Item(QStringLiteral("CDs")); }), dao::errLocked);
+    EXPECT_EQ(errorOf([] { gDB.TableDefs().Contains(QStringLiteral("CDs")); }), dao::errLocked);
+    EXPECT_EQ(errorOf([] { gDB.TableDefs().Names(); }), dao::errLocked);
+    EXPECT_EQ(errorOf([] { gDB.OpenRecordset(QStringLiteral("SELECT * FROM Nowhere")); }), dao::errLocked);
+    sqlite3_exec(other, "ROLLBACK", nullptr, nullptr, nullptr);
+    sqlite3_close(other);
+
+    EXPECT_EQ(gDB.TableDefs().Item(QStringLiteral("cds")).Name, QStringLiteral("CDs"));
+    EXPECT_EQ(errorOf([] { gDB.TableDefs().Item(QStringLiteral("Nowhere")); }), dao::errItemNotFound);
+    // Statements SQLite cannot prepare: a name the file lacks, or a statement it cannot read.
+    EXPECT_EQ(errorOf([] { gDB.Execute(QStringLiteral("INSERT INTO CDs (Nowhere) VALUES (1)")); }),
+              dao::errItemNotFound);
+    EXPECT_EQ(errorOf([] { gDB.Execute(QStringLiteral("UPDATE CDs SET x = 1 WHERE IDCD = 1")); }),
+              dao::errItemNotFound);
+    EXPECT_EQ(errorOf([] { gDB.OpenRecordset(QStringLiteral("SELECT c.Nowhere FROM CDs c")); }),
+              dao::errItemNotFound);
+    EXPECT_EQ(errorOf([] { gDB.OpenRecordset(QStringLiteral("SELECT FullName Title Label FROM CDs")); }),
+              dao::errSyntax);
+    EXPECT_EQ(errorOf([] { gDB.OpenRecordset(QStringLiteral("SELECT FullName FROM CDs WHERE")); }),
+              dao::errSyntax);
+    EXPECT_EQ(errorOf([] { gDB.ExecuteNative(QStringLiteral("INSERT INTO CDs (IDCD) VALUES (NULL, 2)")); }),
+              dao::errSyntax);
+}
+
+TEST_F(Store, ClosingTheFileWithARecordsetOpenLetsTheFileGo) {
+    addContact(QStringLiteral("Ann"));
+    addContact(QStringLiteral("Bob"));
+    dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs")); // reading: the file is held
+    gDB.Close();
+    EXPECT_EQ(errorOf([&] { rs.MoveNext(); }), dao::errObjectInvalid);
+    EXPECT_EQ(errorOf([&] { rs.Value(0); }), dao::errObjectInvalid);
+    gDB = gWS.OpenDatabase(m_path, false, false);
+    sqlite3_busy_timeout(gDB.handle(), 0);
+    EXPECT_EQ(errorOf([&] { addContact(QStringLiteral("Cy")); }), 0);
+    rs.Close(); // after its database: nothing left to finalize
+    EXPECT_EQ(scalar(QStringLiteral("SELECT Count(*) FROM CDs")).toInt(), 3);
+}
+
+TEST_F(Store, APendingEditOrAdditionGoesWithEveryMoveAndFind) {
+    for (const char* n : {"Ann", "Bob", "Cy"})
+        addContact(QString::fromLatin1(n));
+    auto names = [this] {
+        QStringList out;
+        dao::Recordset all = gDB.OpenRecordset(QStringLiteral("SELECT FullName FROM CDs ORDER BY IDCD"));
+        for (; !all.AtEOF(); all.MoveNext())
+            out << all.Text(0);
+        return out.join(QLatin1Char(','));
+    };
+    const std::vector<std::pair<const char*, std::function<void(dao::Recordset&)>>> moves{
+        {"FindFirst without a match", [](dao::Recordset& r) { r.FindFirst(QStringLiteral("IDCD = 99")); }},
+        {"FindNext", [](dao::Recordset& r) { r.FindNext(QStringLiteral("IDCD > 0")); }},
+        {"MoveLast", [](dao::Recordset& r) { r.MoveLast(); }},
+        {"MoveFirst", [](dao::Recordset& r) { r.MoveFirst(); }},
+        {"MovePrevious", [](dao::Recordset& r) { r.MovePrevious(); }},
+    };
+    for (const auto& [what, move] : moves) {
+        SCOPED_TRACE(what);
+        dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs ORDER BY IDCD"));
+        rs.MoveNext(); // Bob: every move below leaves his row
+        rs.Edit();
+        rs.SetValue(QStringLiteral("FullName"), QStringLiteral("Zed"));
+        move(rs);
+        EXPECT_EQ(errorOf([&] { rs.Update(); }), dao::errUpdateWithoutEdit);
+        rs.AddNew();
+        rs.SetValue(QStringLiteral("IDCD"), 9);
+        move(rs);
+        EXPECT_EQ(errorOf([&] { rs.Update(); }), dao::errUpdateWithoutEdit);
+    }
+    EXPECT_EQ(names(), QStringLiteral("Ann,Bob,Cy"));
+}
+
+TEST_F(Store, RowsThatLeaveTheResultLeaveNoPositionBehindThem) {
+    for (const char* n : {"Ann", "Bob", "Cy", "Dan"})
+        addContact(QString::fromLatin1(n));
+    gDB.Execute(QStringLiteral("UPDATE CDs SET City = 'Oslo'"));
+    // Dan deleted while streaming: back from the end is the row before him.
+    dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT IDCD, FullName FROM CDs ORDER BY IDCD"));
+    rs.MoveNext();
+    rs.MoveNext();
+    rs.MoveNext();
+    rs.Delete();
+    rs.MoveNext();
+    ASSERT_TRUE(rs.AtEOF());
+    rs.MovePrevious();
+    ASSERT_FALSE(rs.AtEOF());
+    EXPECT_EQ(rs.Text(1), QStringLiteral("Cy"));
+    EXPECT_EQ(rs.RecordCount(), 3);
+    rs.Close();
+
+    // A row written out of the WHERE: the end comes sooner.
+    rs = gDB.OpenRecordset(
+        QStringLiteral("SELECT IDCD, FullName, City FROM CDs WHERE City = 'Oslo' ORDER BY IDCD"));
+    rs.MoveNext();
+    rs.Edit();
+    rs.SetValue(QStringLiteral("City"), QStringLiteral("Rome"));
+    rs.Update(); // Bob
+    rs.MoveNext();
+    rs.MoveNext();
+    ASSERT_TRUE(rs.AtEOF());
+    rs.MovePrevious();
+    ASSERT_FALSE(rs.AtEOF());
+    EXPECT_EQ(rs.Text(1), QStringLiteral("Cy"));
+    rs.MovePrevious();
+    EXPECT_EQ(rs.Text(1), QStringLiteral("Ann"));
+    rs.MovePrevious();
+    EXPECT_TRUE(rs.AtBOF());
+    EXPECT_EQ(errorOf([&] { rs.Value(0); }), dao::errNoCurrentRecord);
+}
+
+TEST_F(Store, FaultHooksEndWithTheirScope) {
+    try {
+        dao::ScopedHooks fault;
+        fault->growthPages = 3;
+        fault->refuseOpen = [](const QString&, bool) { return qint32(dao::errPermission); };
+        EXPECT_EQ(errorOf([&] { dao::Workspace().OpenDatabase(m_path, false, true); }), dao::errPermission);
+        throw std::runtime_error("a test that fails half-way");
+    } catch (const std::runtime_error&) {
+    }
+    EXPECT_EQ(dao::Hooks().growthPages, 0);
+    EXPECT_FALSE(dao::Hooks().refuseOpen);
 }

@@ -58,6 +58,15 @@ class Form20Test : public fixture::PhonebookTest {
             .toString();
     }
 
+    // Makes the phonebook refuse the commit after `event`, the statements themselves going
+    // through: a deferred foreign key is checked by COMMIT.
+    void refuseCommitAfter(const QString& event) {
+        gDB.ExecuteNative(
+            u"PRAGMA foreign_keys = ON; CREATE TABLE Vouchers (Name TEXT PRIMARY KEY); "
+            "CREATE TABLE Pins (Name TEXT REFERENCES Vouchers (Name) DEFERRABLE INITIALLY DEFERRED); "
+            "CREATE TRIGGER pinned AFTER %1 BEGIN INSERT INTO Pins VALUES ('none'); END"_s.arg(event));
+    }
+
     TreeView tree;
     ListView list2, list1;
     mTV::MainView view{tree, list2, list1};
@@ -144,6 +153,32 @@ TEST_F(Form20Test, TheStaffProbeFailsVisiblyAndChangesNothing) {
     EXPECT_EQ(tree.Nodes(u"ID4"_s)->Text(), u"Customers (1)"_s);
     EXPECT_EQ(gWS.TransactionLevel(), 0);
     EXPECT_NE(frm.result(), QDialog::Accepted);
+}
+
+TEST_F(Form20Test, ARenameRefusedAtCommitLeavesTheControlsAsTheyWere) {
+    int reports = 0;
+    fixture::ModalRecorder modal([&](QDialog* d) {
+        if (d->objectName() == u"frmShowError"_s) ++reports;
+        return 0;
+    });
+    open(u"ID4"_s);
+    const QString rowPath = list2.ListItems(bob)->CellText(mLV::cellCategory);
+    refuseCommitAfter(u"UPDATE ON Categories"_s);
+    Form20 frm(view, 4, 0, false);
+    frm.fdName->setText(u"Clients"_s);
+    frm.bnOK->click();
+    EXPECT_EQ(reports, 1);
+    EXPECT_EQ(field(u"Name"_s, 4), u"Customers"_s);
+    EXPECT_EQ(tree.Nodes(u"ID4"_s)->Text(), u"Customers (1)"_s);
+    EXPECT_EQ(list2.ListItems(bob)->CellText(mLV::cellCategory), rowPath);
+    EXPECT_EQ(gWS.TransactionLevel(), 0);
+    EXPECT_NE(frm.result(), QDialog::Accepted);
+
+    gDB.ExecuteNative(u"DROP TRIGGER pinned"_s); // the same OK now goes through
+    frm.bnOK->click();
+    EXPECT_EQ(field(u"Name"_s, 4), u"Clients"_s);
+    EXPECT_EQ(tree.Nodes(u"ID4"_s)->Text(), u"Clients (1)"_s);
+    EXPECT_EQ(frm.result(), QDialog::Accepted);
 }
 
 TEST_F(Form20Test, TheEntriesOpenTheDialogForTheRightNode) {

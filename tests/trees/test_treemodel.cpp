@@ -103,6 +103,15 @@ class TreeModelTest : public fixture::PhonebookTest {
                 .arg(event));
     }
 
+    // Makes the phonebook refuse the commit after `event`, the statements themselves going
+    // through: a deferred foreign key is checked by COMMIT.
+    void refuseCommitAfter(const QString& event) {
+        gDB.ExecuteNative(
+            u"PRAGMA foreign_keys = ON; CREATE TABLE Vouchers (Name TEXT PRIMARY KEY); "
+            "CREATE TABLE Pins (Name TEXT REFERENCES Vouchers (Name) DEFERRABLE INITIALLY DEFERRED); "
+            "CREATE TRIGGER pinned AFTER %1 BEGIN INSERT INTO Pins VALUES ('none'); END"_s.arg(event));
+    }
+
     std::unique_ptr<TreeView> tree;
     QStringList boxes;
     int triggers = 0;
@@ -200,6 +209,29 @@ TEST_F(TreeModelTest, AFailureHalfWayRollsTheWholeSubtreeBack) {
     EXPECT_EQ(traces(member), 5);
     EXPECT_EQ(rows(), before);
     EXPECT_EQ(gWS.TransactionLevel(), 0);
+}
+
+TEST_F(TreeModelTest, ADeleteRefusedAtCommitLeavesTheViewAsItWas) {
+    const int member = addContact(u"Gus"_s, 12);
+    QStringList calls;
+    mTV::Hooks().CheckTab = [&](const QString&, const QString& k, bool) { calls << "tab " + k; };
+    mTV::Hooks().UpdateCounters = [&] { calls << "counters"; };
+    mTV::Hooks().ClearListSelection = [&] { calls << "list"; };
+    const auto before = rows();
+    refuseCommitAfter(u"DELETE ON Categories"_s);
+    EXPECT_THROW(remove(u"ID12"_s), HuntERR::Error);
+    EXPECT_EQ(rows(), before);
+    EXPECT_EQ(traces(member), 1);
+    EXPECT_TRUE(tree->Nodes.Exists(u"ID12"_s));
+    EXPECT_EQ(tree->SelectedItem()->Key(), u"ID12"_s);
+    EXPECT_TRUE(calls.isEmpty()) << calls.join(',').toStdString();
+    EXPECT_EQ(gWS.TransactionLevel(), 0);
+
+    gDB.ExecuteNative(u"DROP TRIGGER pinned"_s); // the next delete goes through, screens and all
+    remove(u"ID12"_s);
+    EXPECT_FALSE(tree->Nodes.Exists(u"ID12"_s));
+    EXPECT_EQ(traces(member), 0);
+    EXPECT_EQ(calls, QStringList({"list", "tab ID9", "counters"}));
 }
 
 TEST_F(TreeModelTest, DeletingACategoryDeletesItsContactsWithTheirRows) {

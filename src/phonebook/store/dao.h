@@ -20,28 +20,38 @@ struct sqlite3_stmt;
 
 namespace dao {
 
-// Jet-style error numbers the rest of the program answers by name.
+// Jet-style error numbers: every number the store throws, and those the rest of the program
+// answers by name.
 enum ErrNo : qint32 {
-    errNotDatabase = 3343,   // not a database file, or corrupt
-    errItemNotFound = 3265,  // no such table or field
-    errPermission = 70,      // permission denied
-    errPathFile = 75,        // path/file access error
-    errCannotOpen = 3051,    // the engine cannot open the file
-    errLocked = 3356,        // the file is opened exclusively by someone else
-    errDiskFull = 3026,      // not enough space on disk
-    errFieldTooLong = 3163,  // text too long for its field
-    errZeroLength = 3315,    // zero-length text where none is allowed
-    errDuplicateKey = 3022,  // a unique index refuses the value
-    errSyntax = 3075,        // the statement cannot be understood
+    errOutOfMemory = 7,
+    errPermission = 70,          // permission denied
+    errPathFile = 75,            // path/file access error
+    errGeneral = 3000,           // reserved error: an SQLite failure with no Jet counterpart
+    errUpdateWithoutEdit = 3020, // Update or CancelUpdate without AddNew or Edit
     errNoCurrentRecord = 3021,
-    errUpdateWithoutEdit = 3020,
-    errNotUpdatable = 3027,
-    errTransaction = 3034,   // commit or rollback without a transaction
-    errGeneral = 3000,
+    errDuplicateKey = 3022, // a unique index refuses the value
+    errFileNotFound = 3024,
+    errDiskFull = 3026,            // not enough space on disk
+    errNotUpdatable = 3027,        // database or object is read-only
+    errTransaction = 3034,         // commit or rollback without a transaction, or one SQLite ended
+    errDiskIO = 3043,              // disk or network error
+    errCannotOpen = 3051,          // the engine cannot open the file
+    errNullInKey = 3058,           // a required field holds Null
+    errSelectNotExecutable = 3065, // Execute of a statement that answers rows
+    errSyntax = 3075,              // the statement cannot be understood
+    errFieldTooLong = 3163,        // text too long for its field
+    errRelatedRecord = 3201,       // a related record is required (a foreign key)
+    errAlreadyExists = 3204,       // the database to create exists
+    errItemNotFound = 3265,        // no such table or field
+    errZeroLength = 3315,          // zero-length text where none is allowed
+    errValidationRule = 3317,      // a check or trigger refuses the value
+    errNotDatabase = 3343,         // not a database file, or corrupt
+    errLocked = 3356,              // the file is opened exclusively by someone else
+    errObjectInvalid = 3420,       // the object is closed
 };
 
 class DbError : public HuntERR::Error {
-public:
+  public:
     DbError(qint32 number, const QString& description, const QString& source = QStringLiteral("DAO"))
         : HuntERR::Error(number, description, source) {}
 };
@@ -50,7 +60,15 @@ enum RecordsetType { dbOpenTable = 1, dbOpenDynaset = 2, dbOpenSnapshot = 4, dbO
 enum ExecuteOption { dbFailOnError = 128 };
 
 // Jet field types, by DAO's numbers.
-enum FieldType { dbBoolean = 1, dbLong = 4, dbDouble = 7, dbDate = 8, dbLongBinary = 11, dbMemo = 12, dbText = 10 };
+enum FieldType {
+    dbBoolean = 1,
+    dbLong = 4,
+    dbDouble = 7,
+    dbDate = 8,
+    dbLongBinary = 11,
+    dbMemo = 12,
+    dbText = 10
+};
 
 struct Field {
     QString Name;
@@ -68,7 +86,7 @@ struct Index {
 };
 
 class TableDef {
-public:
+  public:
     TableDef() = default;
     explicit TableDef(const QString& name) : Name(name) {}
     Field CreateField(const QString& name, FieldType type, int size = 0) const;
@@ -87,17 +105,17 @@ class Workspace;
 
 // The tables of an open database, read from the file itself.
 class TableDefs {
-public:
+  public:
     explicit TableDefs(Database* db) : m_db(db) {}
-    void Append(const TableDef& def);                 // CREATE TABLE with its indexes
+    void Append(const TableDef& def);                       // CREATE TABLE with its indexes
     void AppendField(const QString& table, const Field& f); // ALTER TABLE ADD COLUMN
     void AppendIndex(const QString& table, const Index& ix);
     void Refresh() {}
     bool Contains(const QString& table) const;
-    TableDef Item(const QString& table) const;         // throws 3265 when missing
+    TableDef Item(const QString& table) const; // throws 3265 when missing
     QStringList Names() const;
 
-private:
+  private:
     Database* m_db;
 };
 
@@ -105,7 +123,7 @@ struct DatabaseImpl;
 struct RecordsetImpl;
 
 class Recordset {
-public:
+  public:
     Recordset();
     ~Recordset();
     Recordset(Recordset&&) noexcept;
@@ -117,7 +135,7 @@ public:
     void MoveFirst();
     void MoveLast();
     void MovePrevious();
-    qint32 RecordCount() const;     // rows reached so far, as DAO counts them; all after MoveLast
+    qint32 RecordCount() const; // rows reached so far, as DAO counts them; all after MoveLast
     qint32 AbsolutePosition() const;
     bool isOpen() const;
 
@@ -127,7 +145,7 @@ public:
     QVariant Value(int i) const;
     QVariant operator[](const QString& name) const; // throws 3265 when missing
     QVariant operator[](int i) const { return Value(i); }
-    QString Text(int i) const;                  // the value as text, "" for Null
+    QString Text(int i) const; // the value as text, "" for Null
 
     // Typed reads of field i for loops over many rows: the same values as Value(i), without a
     // QVariant or a QString made for each field.
@@ -157,13 +175,13 @@ public:
 
     void Close();
 
-private:
+  private:
     friend class Database;
     std::unique_ptr<RecordsetImpl> d;
 };
 
 class Database {
-public:
+  public:
     Database();
     ~Database();
     Database(const Database&);
@@ -182,7 +200,7 @@ public:
     // Runs SQL in SQLite's own dialect, untranslated (the store's own work).
     void ExecuteNative(const QString& sql);
 
-private:
+  private:
     friend class Workspace;
     friend class TableDefs;
     friend class Recordset;
@@ -190,7 +208,7 @@ private:
 };
 
 class Workspace {
-public:
+  public:
     Workspace();
     ~Workspace();
     Workspace(const Workspace&);
@@ -201,18 +219,20 @@ public:
     Database CreateDatabase(const QString& path);
     // exclusive: no other program may open the file while it is open here; readOnly: no writes.
     // A writable open always keeps other writers out (3356).
-    Database OpenDatabase(const QString& path, bool exclusive, bool readOnly, const QString& connect = QString());
+    Database OpenDatabase(const QString& path, bool exclusive, bool readOnly,
+                          const QString& connect = QString());
     void BeginTrans();
+    // Commits the innermost transaction. When SQLite refuses the commit, the transaction is rolled
+    // back before the error goes on, so that the level always matches the file's state.
     void CommitTrans();
     void Rollback();
     int TransactionLevel() const;
     void Close();
 
-private:
+  private:
     struct Impl;
     std::shared_ptr<Impl> d;
 };
-
 
 // Hooks that let tests reach failure paths that a real machine rarely offers.
 struct TestHooks {
@@ -222,6 +242,37 @@ struct TestHooks {
     int growthPages = 0;
 };
 TestHooks& Hooks();
+
+// Sets hooks for as long as it lives, and puts back those in force before when it goes, however
+// the scope is left: `dao::ScopedHooks full; full->growthPages = 3;`.
+class ScopedHooks {
+  public:
+    ScopedHooks() : m_saved(Hooks()) {}
+    ~ScopedHooks() { Hooks() = std::move(m_saved); }
+    ScopedHooks(const ScopedHooks&) = delete;
+    ScopedHooks& operator=(const ScopedHooks&) = delete;
+    TestHooks* operator->() const { return &Hooks(); }
+
+  private:
+    TestHooks m_saved;
+};
+
+// A transaction on a workspace for the length of a block: rolled back unless Commit was reached,
+// so that a change of several rows is applied whole or not at all. The error that leaves the
+// block goes on to the caller unchanged. A failed Commit has rolled back already.
+class Transaction {
+  public:
+    explicit Transaction(const Workspace& ws);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    void Commit();
+
+  private:
+    Workspace m_ws;
+    int m_level;
+};
 
 // Throws the DbError for an SQLite result code (after a failed call on `db`).
 [[noreturn]] void ThrowSqlite(sqlite3* db, int rc, const QString& context);

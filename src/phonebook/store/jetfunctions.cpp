@@ -2,105 +2,131 @@
 
 #include <QDateTime>
 #include <QStringView>
+#include <cmath>
+#include <limits>
 #include <sqlite3.h>
 
 namespace dao {
 
 JetLikePattern::JetLikePattern(const QString& pattern) {
     const QString p = pattern.toCaseFolded();
+    m_pieces.emplace_back();
+    auto add = [&](Unit unit) {
+        Piece& piece = m_pieces.back();
+        if (piece.length == 0) piece.from = int(m_units.size());
+        ++piece.length;
+        if (unit.kind == Unit::Char)
+            piece.text += unit.c;
+        else
+            piece.literal = false;
+        m_units.push_back(unit);
+    };
+    bool afterStar = false;
     for (int i = 0; i < p.size(); ++i) {
         const QChar c = p[i];
         if (c == QLatin1Char('*')) {
-            if (m_items.isEmpty() || m_items.last().kind != Item::AnyRun) m_items.append({Item::AnyRun, {}, {}, false});
-        } else if (c == QLatin1Char('?')) {
-            m_items.append({Item::AnyOne, {}, {}, false});
+            if (!afterStar) m_pieces.emplace_back(); // ** is *
+            afterStar = true;
+            continue;
+        }
+        afterStar = false;
+        if (c == QLatin1Char('?')) {
+            add({Unit::AnyOne, QChar(), 0});
         } else if (c == QLatin1Char('#')) {
-            m_items.append({Item::Digit, {}, {}, false});
+            add({Unit::Digit, QChar(), 0});
         } else if (c == QLatin1Char('[')) {
             const int close = p.indexOf(QLatin1Char(']'), i + 2); // "[]]" would hold a ']'
             if (close < 0) { // an open bracket with no end stands for itself
-                m_items.append({Item::Literal, QString(c), {}, false});
+                add({Unit::Char, c, 0});
                 continue;
             }
-            Item it{Item::Class, {}, {}, false};
+            Class klass;
             int j = i + 1;
             if (p[j] == QLatin1Char('!') && j + 1 < close) {
-                it.negate = true;
+                klass.negate = true;
                 ++j;
             }
             for (; j < close; ++j) {
                 if (j + 2 < close && p[j + 1] == QLatin1Char('-')) {
-                    it.ranges.append({p[j], p[j + 2]});
+                    klass.ranges.append({p[j], p[j + 2]});
                     j += 2;
                 } else {
-                    it.chars += p[j];
+                    klass.chars += p[j];
                 }
             }
             // A class of one ordinary character ([*], [?], [#], [[]) is that character.
-            if (!it.negate && it.ranges.isEmpty() && it.chars.size() == 1) {
-                if (!m_items.isEmpty() && m_items.last().kind == Item::Literal) m_items.last().chars += it.chars;
-                else m_items.append({Item::Literal, it.chars, {}, false});
+            if (!klass.negate && klass.ranges.isEmpty() && klass.chars.size() == 1) {
+                add({Unit::Char, klass.chars[0], 0});
             } else {
-                m_items.append(it);
+                m_classes.push_back(klass);
+                add({Unit::InClass, QChar(), int(m_classes.size()) - 1});
             }
             i = close;
         } else {
-            if (!m_items.isEmpty() && m_items.last().kind == Item::Literal) m_items.last().chars += c;
-            else m_items.append({Item::Literal, QString(c), {}, false});
+            add({Unit::Char, c, 0});
         }
     }
-    if (m_items.size() == 3 && m_items[0].kind == Item::AnyRun && m_items[1].kind == Item::Literal &&
-        m_items[2].kind == Item::AnyRun) {
-        m_isContains = true;
-        m_contains = m_items[1].chars;
+}
+
+bool JetLikePattern::Class::contains(QChar c) const {
+    bool in = chars.contains(c);
+    for (const auto& r : ranges)
+        if (c >= r.first && c <= r.second) in = true;
+    return in != negate;
+}
+
+bool JetLikePattern::matchesAt(const Piece& piece, QStringView v, int pos) const {
+    if (piece.literal) return v.mid(pos, piece.length) == piece.text;
+    for (int k = 0; k < piece.length; ++k) {
+        const Unit& u = m_units[piece.from + k];
+        const QChar c = v[pos + k];
+        switch (u.kind) {
+        case Unit::Char:
+            if (c != u.c) return false;
+            break;
+        case Unit::AnyOne:
+            break;
+        case Unit::Digit:
+            if (!c.isDigit()) return false;
+            break;
+        case Unit::InClass:
+            if (!m_classes[u.klass].contains(c)) return false;
+            break;
+        }
     }
+    return true;
+}
+
+int JetLikePattern::find(const Piece& piece, QStringView v, int from, int last) const {
+    if (piece.literal) {
+        const qsizetype at = v.indexOf(piece.text, from);
+        return at >= 0 && at <= last ? int(at) : -1;
+    }
+    for (int pos = from; pos <= last; ++pos)
+        if (matchesAt(piece, v, pos)) return pos;
+    return -1;
 }
 
 bool JetLikePattern::Matches(const QString& value) const {
-    const QString v = value.toCaseFolded();
-    if (m_isContains) return v.contains(m_contains);
-    return match(0, v, 0);
-}
-
-bool JetLikePattern::match(int item, const QString& v, int pos) const {
-    for (; item < m_items.size(); ++item) {
-        const Item& it = m_items[item];
-        switch (it.kind) {
-        case Item::Literal:
-            if (QStringView(v).mid(pos, it.chars.size()) != it.chars) return false;
-            pos += it.chars.size();
-            break;
-        case Item::AnyOne:
-            if (pos >= v.size()) return false;
-            ++pos;
-            break;
-        case Item::Digit:
-            if (pos >= v.size() || !v[pos].isDigit()) return false;
-            ++pos;
-            break;
-        case Item::Class: {
-            if (pos >= v.size()) return false;
-            const QChar c = v[pos];
-            bool in = it.chars.contains(c);
-            for (const auto& r : it.ranges)
-                if (c >= r.first && c <= r.second) in = true;
-            if (in == it.negate) return false;
-            ++pos;
-            break;
-        }
-        case Item::AnyRun: {
-            if (item + 1 == m_items.size()) return true;
-            const Item& next = m_items[item + 1];
-            for (int p = pos; p <= v.size(); ++p) {
-                // Skip starts that cannot begin the next literal.
-                if (next.kind == Item::Literal && (p >= v.size() || v[p] != next.chars[0])) continue;
-                if (match(item + 1, v, p)) return true;
-            }
-            return false;
-        }
-        }
+    const QString folded = value.toCaseFolded();
+    const QStringView v(folded);
+    const int n = int(v.size());
+    const Piece& first = m_pieces.front();
+    if (m_pieces.size() == 1) return n == first.length && matchesAt(first, v, 0);
+    // The first piece stands at the start and the last at the end; each piece between them is
+    // best taken where it first occurs, which leaves the most room to the ones after it.
+    const Piece& last = m_pieces.back();
+    if (n < first.length + last.length) return false;
+    const int lastStart = n - last.length;
+    if (!matchesAt(first, v, 0) || !matchesAt(last, v, lastStart)) return false;
+    int pos = first.length;
+    for (size_t k = 1; k + 1 < m_pieces.size(); ++k) {
+        const Piece& piece = m_pieces[k];
+        const int at = find(piece, v, pos, lastStart - piece.length);
+        if (at < 0) return false;
+        pos = at + piece.length;
     }
-    return pos == v.size();
+    return true;
 }
 
 namespace {
@@ -115,7 +141,9 @@ void resultText(sqlite3_context* ctx, const QString& s) {
     sqlite3_result_text(ctx, b.constData(), b.size(), SQLITE_TRANSIENT);
 }
 
-void deletePattern(void* p) { delete static_cast<JetLikePattern*>(p); }
+void deletePattern(void* p) {
+    delete static_cast<JetLikePattern*>(p);
+}
 
 // like(pattern, value): what SQLite calls for "value LIKE pattern".
 void likeFn(sqlite3_context* ctx, int, sqlite3_value** argv) {
@@ -141,10 +169,12 @@ void nowFn(sqlite3_context* ctx, int, sqlite3_value**) {
     resultText(ctx, QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")));
 }
 void dateFn(sqlite3_context* ctx, int, sqlite3_value**) {
-    resultText(ctx, QDate::currentDate().toString(QStringLiteral("yyyy-MM-dd")) + QStringLiteral(" 00:00:00"));
+    resultText(ctx,
+               QDate::currentDate().toString(QStringLiteral("yyyy-MM-dd")) + QStringLiteral(" 00:00:00"));
 }
 void timeFn(sqlite3_context* ctx, int, sqlite3_value**) {
-    resultText(ctx, QStringLiteral("1899-12-30 ") + QTime::currentTime().toString(QStringLiteral("HH:mm:ss")));
+    resultText(ctx,
+               QStringLiteral("1899-12-30 ") + QTime::currentTime().toString(QStringLiteral("HH:mm:ss")));
 }
 
 bool nullArg(sqlite3_context* ctx, int argc, sqlite3_value** argv) {
@@ -190,31 +220,75 @@ void valFn(sqlite3_context* ctx, int argc, sqlite3_value** argv) {
     const QString s = text(argv[0]).trimmed();
     int i = 0;
     if (i < s.size() && (s[i] == QLatin1Char('-') || s[i] == QLatin1Char('+'))) ++i;
-    while (i < s.size() && (s[i].isDigit() || s[i] == QLatin1Char('.'))) ++i;
+    while (i < s.size() && (s[i].isDigit() || s[i] == QLatin1Char('.')))
+        ++i;
     sqlite3_result_double(ctx, s.left(i).toDouble());
 }
 void nzFn(sqlite3_context* ctx, int argc, sqlite3_value** argv) {
-    if (sqlite3_value_type(argv[0]) != SQLITE_NULL) sqlite3_result_value(ctx, argv[0]);
-    else if (argc > 1) sqlite3_result_value(ctx, argv[1]);
-    else sqlite3_result_text(ctx, "", 0, SQLITE_STATIC);
+    if (sqlite3_value_type(argv[0]) != SQLITE_NULL)
+        sqlite3_result_value(ctx, argv[0]);
+    else if (argc > 1)
+        sqlite3_result_value(ctx, argv[1]);
+    else
+        sqlite3_result_text(ctx, "", 0, SQLITE_STATIC);
+}
+
+// a ^ b; Null where the power is no number (a negative base under a fraction) or overflows.
+void powFn(sqlite3_context* ctx, int argc, sqlite3_value** argv) {
+    if (nullArg(ctx, argc, argv)) return;
+    const double r = std::pow(sqlite3_value_double(argv[0]), sqlite3_value_double(argv[1]));
+    if (std::isfinite(r))
+        sqlite3_result_double(ctx, r);
+    else
+        sqlite3_result_null(ctx);
+}
+
+// An operand of \ as a whole number: rounded half to even, as Jet rounds it. False when it does
+// not fit in 64 bits.
+bool wholeNumber(sqlite3_value* v, qint64& out) {
+    if (sqlite3_value_numeric_type(v) == SQLITE_INTEGER) {
+        out = sqlite3_value_int64(v);
+        return true;
+    }
+    const double d = std::nearbyint(sqlite3_value_double(v));
+    if (!(d > -9.2e18 && d < 9.2e18)) return false; // NaN fails too
+    out = qint64(d);
+    return true;
+}
+
+// a \ b: both rounded, then divided, the quotient cut toward zero. Null for a division by zero,
+// as SQLite's / gives.
+void idivFn(sqlite3_context* ctx, int argc, sqlite3_value** argv) {
+    if (nullArg(ctx, argc, argv)) return;
+    qint64 a = 0, b = 0;
+    if (!wholeNumber(argv[0], a) || !wholeNumber(argv[1], b) || b == 0 ||
+        (a == std::numeric_limits<qint64>::min() && b == -1))
+        sqlite3_result_null(ctx);
+    else
+        sqlite3_result_int64(ctx, a / b);
 }
 
 } // namespace
 
 void RegisterJetFunctions(sqlite3* db) {
     const int det = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
-    struct F { const char* name; int args; void (*fn)(sqlite3_context*, int, sqlite3_value**); bool deterministic; };
+    struct F {
+        const char* name;
+        int args;
+        void (*fn)(sqlite3_context*, int, sqlite3_value**);
+        bool deterministic;
+    };
     const F fns[] = {
-        {"like", 2, likeFn, true},   {"jet_now", 0, nowFn, false}, {"jet_date", 0, dateFn, false},
-        {"jet_time", 0, timeFn, false}, {"len", 1, lenFn, true},   {"ucase", 1, ucaseFn, true},
-        {"lcase", 1, lcaseFn, true}, {"left", 2, leftFn, true},    {"right", 2, rightFn, true},
-        {"mid", 2, midFn, true},     {"mid", 3, midFn, true},      {"instr", 2, instrFn, true},
-        {"instr", 3, instrFn, true}, {"val", 1, valFn, true},      {"nz", 1, nzFn, true},
-        {"nz", 2, nzFn, true},
+        {"like", 2, likeFn, true},      {"jet_now", 0, nowFn, false}, {"jet_date", 0, dateFn, false},
+        {"jet_time", 0, timeFn, false}, {"len", 1, lenFn, true},      {"ucase", 1, ucaseFn, true},
+        {"lcase", 1, lcaseFn, true},    {"left", 2, leftFn, true},    {"right", 2, rightFn, true},
+        {"mid", 2, midFn, true},        {"mid", 3, midFn, true},      {"instr", 2, instrFn, true},
+        {"instr", 3, instrFn, true},    {"val", 1, valFn, true},      {"nz", 1, nzFn, true},
+        {"nz", 2, nzFn, true},          {"jet_pow", 2, powFn, true},  {"jet_idiv", 2, idivFn, true},
     };
     for (const F& f : fns)
-        sqlite3_create_function_v2(db, f.name, f.args, f.deterministic ? det : SQLITE_UTF8, nullptr, f.fn, nullptr,
-                                   nullptr, nullptr);
+        sqlite3_create_function_v2(db, f.name, f.args, f.deterministic ? det : SQLITE_UTF8, nullptr, f.fn,
+                                   nullptr, nullptr, nullptr);
 }
 
 } // namespace dao

@@ -4,6 +4,8 @@
 #include <QList>
 #include <QPair>
 #include <QString>
+#include <QStringView>
+#include <vector>
 
 struct sqlite3;
 
@@ -12,22 +14,37 @@ namespace dao {
 void RegisterJetFunctions(sqlite3* db);
 
 // Jet's Like: * any run, ? one character, # one digit, [abc] [a-z] [!abc] a class; no regard to case.
+// Matching takes time linear in the length of the value, whatever the stars of the pattern.
 class JetLikePattern {
-public:
+  public:
     explicit JetLikePattern(const QString& pattern);
     bool Matches(const QString& value) const;
 
-private:
-    struct Item {
-        enum Kind { Literal, AnyRun, AnyOne, Digit, Class } kind;
-        QString chars;           // Literal: the folded text; Class: single characters
+  private:
+    struct Class {
+        QString chars; // single characters
         QList<QPair<QChar, QChar>> ranges;
         bool negate = false;
+        bool contains(QChar c) const;
     };
-    QList<Item> m_items;
-    QString m_contains; // set when the pattern is *literal*: a plain substring test
-    bool m_isContains = false;
-    bool match(int item, const QString& v, int pos) const;
+    // One character of the pattern.
+    struct Unit {
+        enum Kind { Char, AnyOne, Digit, InClass } kind;
+        QChar c;       // Char: the folded character
+        int klass = 0; // InClass: index in m_classes
+    };
+    // The units between two stars (or an end of the pattern): they match as many characters.
+    struct Piece {
+        int from = 0;   // first unit
+        int length = 0; // units
+        QString text;   // the folded text when every unit is a plain character
+        bool literal = true;
+    };
+    std::vector<Class> m_classes;
+    std::vector<Unit> m_units;
+    std::vector<Piece> m_pieces; // one more than the runs of stars
+    bool matchesAt(const Piece& piece, QStringView v, int pos) const;
+    int find(const Piece& piece, QStringView v, int from, int last) const; // leftmost start <= last, or -1
 };
 
 } // namespace dao

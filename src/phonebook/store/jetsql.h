@@ -6,7 +6,7 @@
 namespace dao {
 
 class JetSql {
-public:
+  public:
     // SQLite text for `jet`; throws DbError (3075) naming the statement when it cannot be translated.
     static QString Translate(const QString& jet);
     // Translation of a bare expression (a FindFirst criterion, a WHERE fragment).

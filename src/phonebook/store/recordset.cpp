@@ -9,19 +9,20 @@ namespace dao {
 
 struct RecordsetImpl {
     std::shared_ptr<DatabaseImpl> db;
-    sqlite3_stmt* stmt = nullptr;
+    Statement query;              // owns `stmt`
+    sqlite3_stmt* stmt = nullptr; // the query's statement while it streams
     QString jet;
-    QString table;        // the one table a dynaset writes back to; empty: not updatable
-    int base = 0;         // 1 when column 0 is the hidden rowid
-    int ncols = 0;        // visible columns
+    QString table; // the one table a dynaset writes back to; empty: not updatable
+    int base = 0;  // 1 when column 0 is the hidden rowid
+    int ncols = 0; // visible columns
     QStringList names;
-    QStringList origins;  // field names in the table, for writes
+    QStringList origins; // field names in the table, for writes
     std::vector<ColKind> kinds;
     QHash<QString, int> index; // lower-case name -> visible column
 
     bool eof = false;
-    int pos = -1;         // absolute position of the current row
-    int reached = 0;      // rows reached so far
+    int pos = -1;    // absolute position of the current row
+    int reached = 0; // rows reached so far
     bool materialised = false;
     std::vector<std::vector<QVariant>> rows; // with the rowid first when base == 1
 
@@ -29,17 +30,22 @@ struct RecordsetImpl {
     std::vector<std::pair<int, QVariant>> pending; // visible column (or -1 - n for an extra name)
     QStringList extraNames;                        // names set on AddNew that the query does not select
     std::vector<bool> chunkStarted;
-    QHash<int, QVariant> overrides;                // what Update wrote on the current row
+    QHash<int, QVariant> overrides; // what Update wrote on the current row
     bool noMatch = false;
 
-    ~RecordsetImpl() { finalize(); }
     void finalize() {
-        if (stmt) sqlite3_finalize(stmt);
+        query.reset();
         stmt = nullptr;
     }
     void check() const {
         if (!db || !db->db || (!stmt && !materialised))
-            throw DbError(3420, QStringLiteral("Object invalid or no longer set."));
+            throw DbError(errObjectInvalid, QStringLiteral("Object invalid or no longer set."));
+    }
+    // A move or a find leaves the row: an edit or an addition not yet written goes.
+    void leaveRow() {
+        mode = None;
+        pending.clear();
+        overrides.clear();
     }
     void step() {
         const int rc = sqlite3_step(stmt);
@@ -93,14 +99,17 @@ struct RecordsetImpl {
         int rc;
         while ((rc = sqlite3_step(stmt)) == SQLITE_ROW) {
             std::vector<QVariant> r(total);
-            for (int c = 0; c < total; ++c) r[c] = ColumnValue(stmt, c, kinds[c]);
+            for (int c = 0; c < total; ++c)
+                r[c] = ColumnValue(stmt, c, kinds[c]);
             rows.push_back(std::move(r));
         }
         if (rc != SQLITE_DONE) ThrowSqlite(db->db, rc, jet);
         finalize();
         materialised = true;
         reached = int(rows.size());
-        pos = keep < 0 ? 0 : keep;
+        // Rows may have left the result since they were reached (a Delete, an Update that took a
+        // row out of the WHERE): a position past them is the end.
+        pos = qMin(keep < 0 ? 0 : keep, int(rows.size()));
         eof = pos >= int(rows.size());
     }
     int column(const QString& name) const {
@@ -114,13 +123,13 @@ namespace {
 // A SELECT over one table, with plain names in its field list, can write back by rowid.
 QString updatableTable(const QString& sql) {
     static const QRegularExpression re(
-        QStringLiteral(R"(^SELECT\s+(.+?)\s+FROM\s+("[^"]+"|[A-Za-z_][A-Za-z0-9_]*)(\s+(WHERE|ORDER)\s.*)?$)"),
+        QStringLiteral(
+            R"(^SELECT\s+(.+?)\s+FROM\s+("[^"]+"|[A-Za-z_][A-Za-z0-9_]*)(\s+(WHERE|ORDER)\s.*)?$)"),
         QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
     const auto m = re.match(sql);
     if (!m.hasMatch()) return QString();
     const QString list = m.captured(1);
-    if (list.contains(QLatin1Char('(')) ||
-        list.startsWith(QLatin1String("DISTINCT"), Qt::CaseInsensitive))
+    if (list.contains(QLatin1Char('(')) || list.startsWith(QLatin1String("DISTINCT"), Qt::CaseInsensitive))
         return QString();
     QString t = m.captured(2);
     if (t.startsWith(QLatin1Char('"'))) t = t.mid(1, t.size() - 2);
@@ -135,9 +144,10 @@ Recordset::Recordset(Recordset&&) noexcept = default;
 Recordset& Recordset::operator=(Recordset&&) noexcept = default;
 
 Recordset Database::OpenRecordset(const QString& jetSql, RecordsetType type) {
-    if (!isOpen()) throw DbError(3420, QStringLiteral("Object invalid or no longer set."));
+    if (!isOpen()) throw DbError(errObjectInvalid, QStringLiteral("Object invalid or no longer set."));
     QString jet = jetSql.trimmed();
-    if (!jet.contains(QLatin1Char(' '))) jet = QStringLiteral("SELECT * FROM [%1]").arg(jet); // a table by name
+    if (!jet.contains(QLatin1Char(' ')))
+        jet = QStringLiteral("SELECT * FROM [%1]").arg(jet); // a table by name
     QString sql = JetSql::Translate(jet);
     auto r = std::make_unique<RecordsetImpl>();
     r->db = d;
@@ -149,7 +159,8 @@ Recordset Database::OpenRecordset(const QString& jetSql, RecordsetType type) {
             r->base = 1;
         }
     }
-    r->stmt = d->prepare(sql, jet);
+    r->query = d->prepare(sql, jet);
+    r->stmt = r->query.get();
     const int total = sqlite3_column_count(r->stmt);
     r->ncols = total - r->base;
     r->kinds.resize(total);
@@ -173,20 +184,29 @@ Recordset Database::OpenRecordset(const QString& jetSql, RecordsetType type) {
     return rs;
 }
 
-bool Recordset::isOpen() const { return d && (d->stmt || d->materialised); }
-bool Recordset::AtEOF() const { return !d || d->eof; }
-bool Recordset::AtBOF() const { return !d || d->pos < 0 || (d->eof && d->reached == 0); }
-qint32 Recordset::RecordCount() const { return d ? d->reached : 0; }
-qint32 Recordset::AbsolutePosition() const { return d && !d->eof ? d->pos : -1; }
+bool Recordset::isOpen() const {
+    return d && (d->stmt || d->materialised);
+}
+bool Recordset::AtEOF() const {
+    return !d || d->eof;
+}
+bool Recordset::AtBOF() const {
+    return !d || d->pos < 0 || (d->eof && d->reached == 0);
+}
+qint32 Recordset::RecordCount() const {
+    return d ? d->reached : 0;
+}
+qint32 Recordset::AbsolutePosition() const {
+    return d && !d->eof ? d->pos : -1;
+}
 
 void Recordset::MoveNext() {
     d->check();
     if (d->eof) throw DbError(errNoCurrentRecord, QStringLiteral("No current record."));
-    if (d->mode != RecordsetImpl::None) CancelUpdate();
+    d->leaveRow();
     if (d->materialised) {
         ++d->pos;
         d->eof = d->pos >= int(d->rows.size());
-        d->overrides.clear();
     } else {
         d->step();
     }
@@ -194,43 +214,54 @@ void Recordset::MoveNext() {
 
 void Recordset::MoveFirst() {
     d->check();
+    const bool written = !d->overrides.isEmpty(); // the streamed row still shows what was read
+    d->leaveRow();
     if (d->materialised) {
         d->pos = 0;
         d->eof = d->rows.empty();
-    } else if (d->pos != 0 || d->eof) {
+    } else if (d->pos != 0 || d->eof || written) {
         d->restart();
     }
-    d->overrides.clear();
     if (d->eof) throw DbError(errNoCurrentRecord, QStringLiteral("No current record."));
 }
 
 void Recordset::MoveLast() {
     d->check();
+    d->leaveRow();
     d->materialise();
     if (d->rows.empty()) throw DbError(errNoCurrentRecord, QStringLiteral("No current record."));
     d->pos = int(d->rows.size()) - 1;
     d->eof = false;
-    d->overrides.clear();
 }
 
 void Recordset::MovePrevious() {
     d->check();
+    d->leaveRow();
     d->materialise();
-    if (d->pos < 0) throw DbError(errNoCurrentRecord, QStringLiteral("No current record."));
-    --d->pos;
-    d->eof = false;
-    d->overrides.clear();
-    if (d->pos < 0) d->eof = true; // before the first row
+    if (d->pos < 0 || d->rows.empty())
+        throw DbError(errNoCurrentRecord, QStringLiteral("No current record."));
+    // From the end (or beyond it) to the last row.
+    d->pos = qMin(d->pos, int(d->rows.size())) - 1;
+    d->eof = d->pos < 0; // before the first row
 }
 
-int Recordset::FieldCount() const { return d ? d->ncols : 0; }
-QString Recordset::FieldName(int i) const { return d->names.value(i); }
-int Recordset::FieldIndex(const QString& name) const { return d ? d->column(name) : -1; }
-QVariant Recordset::Value(int i) const { return d->value(i); }
+int Recordset::FieldCount() const {
+    return d ? d->ncols : 0;
+}
+QString Recordset::FieldName(int i) const {
+    return d->names.value(i);
+}
+int Recordset::FieldIndex(const QString& name) const {
+    return d ? d->column(name) : -1;
+}
+QVariant Recordset::Value(int i) const {
+    return d->value(i);
+}
 
 QVariant Recordset::operator[](const QString& name) const {
     const int c = d ? d->column(name) : -1;
-    if (c < 0) throw DbError(errItemNotFound, QStringLiteral("Item '%1' not found in this collection.").arg(name));
+    if (c < 0)
+        throw DbError(errItemNotFound, QStringLiteral("Item '%1' not found in this collection.").arg(name));
     return d->value(c);
 }
 
@@ -327,7 +358,8 @@ bool Recordset::DateAt(int i, QDate& date, QTime& time) const {
 
 void Recordset::AddNew() {
     d->check();
-    if (d->table.isEmpty()) throw DbError(errNotUpdatable, QStringLiteral("Database or object is read-only."));
+    if (d->table.isEmpty())
+        throw DbError(errNotUpdatable, QStringLiteral("Database or object is read-only."));
     d->mode = RecordsetImpl::Adding;
     d->pending.clear();
     d->extraNames.clear();
@@ -336,7 +368,8 @@ void Recordset::AddNew() {
 
 void Recordset::Edit() {
     d->check();
-    if (d->table.isEmpty()) throw DbError(errNotUpdatable, QStringLiteral("Database or object is read-only."));
+    if (d->table.isEmpty())
+        throw DbError(errNotUpdatable, QStringLiteral("Database or object is read-only."));
     if (d->eof || d->pos < 0) throw DbError(errNoCurrentRecord, QStringLiteral("No current record."));
     d->mode = RecordsetImpl::Editing;
     d->pending.clear();
@@ -350,7 +383,8 @@ void Recordset::SetValue(const QString& name, const QVariant& v) {
     int c = d->column(name);
     if (c < 0) {
         if (d->mode != RecordsetImpl::Adding)
-            throw DbError(errItemNotFound, QStringLiteral("Item '%1' not found in this collection.").arg(name));
+            throw DbError(errItemNotFound,
+                          QStringLiteral("Item '%1' not found in this collection.").arg(name));
         int k = d->extraNames.indexOf(name, 0);
         if (k < 0) {
             d->extraNames << name;
@@ -369,28 +403,40 @@ void Recordset::SetValue(const QString& name, const QVariant& v) {
 void Recordset::Update() {
     if (d->mode == RecordsetImpl::None)
         throw DbError(errUpdateWithoutEdit, QStringLiteral("Update or CancelUpdate without AddNew or Edit."));
+    if (d->mode == RecordsetImpl::Editing && (d->eof || d->pos < 0)) {
+        d->leaveRow();
+        throw DbError(errNoCurrentRecord, QStringLiteral("No current record."));
+    }
     auto fieldName = [&](int c) { return c >= 0 ? d->origins[c] : d->extraNames[-1 - c]; };
-    auto quote = [](QString s) { return QLatin1Char('"') + s.replace(QLatin1Char('"'), QLatin1String("\"\"")) + QLatin1Char('"'); };
+    auto quote = [](QString s) {
+        return QLatin1Char('"') + s.replace(QLatin1Char('"'), QLatin1String("\"\"")) + QLatin1Char('"');
+    };
     QStringList cols;
-    for (const auto& p : d->pending) cols << quote(fieldName(p.first));
+    for (const auto& p : d->pending)
+        cols << quote(fieldName(p.first));
     QString sql;
     if (d->mode == RecordsetImpl::Adding) {
-        if (cols.isEmpty()) sql = QStringLiteral("INSERT INTO %1 DEFAULT VALUES").arg(quote(d->table));
+        if (cols.isEmpty())
+            sql = QStringLiteral("INSERT INTO %1 DEFAULT VALUES").arg(quote(d->table));
         else {
             QStringList marks;
-            for (int i = 0; i < cols.size(); ++i) marks << QStringLiteral("?");
-            sql = QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)").arg(quote(d->table), cols.join(QLatin1Char(',')), marks.join(QLatin1Char(',')));
+            for (int i = 0; i < cols.size(); ++i)
+                marks << QStringLiteral("?");
+            sql = QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
+                      .arg(quote(d->table), cols.join(QLatin1Char(',')), marks.join(QLatin1Char(',')));
         }
     } else {
         if (cols.isEmpty()) {
             d->mode = RecordsetImpl::None;
             return;
         }
-        sql = QStringLiteral("UPDATE %1 SET %2=? WHERE rowid=?").arg(quote(d->table), cols.join(QStringLiteral("=?,")));
+        sql = QStringLiteral("UPDATE %1 SET %2=? WHERE rowid=?")
+                  .arg(quote(d->table), cols.join(QStringLiteral("=?,")));
     }
     sqlite3_stmt* s = d->db->cached(sql);
     int n = 1;
-    for (const auto& p : d->pending) BindValue(s, n++, p.second);
+    for (const auto& p : d->pending)
+        BindValue(s, n++, p.second);
     if (d->mode == RecordsetImpl::Editing) BindValue(s, n, d->raw(0));
     const int rc = sqlite3_step(s);
     sqlite3_reset(s);
@@ -413,8 +459,10 @@ void Recordset::CancelUpdate() {
 
 void Recordset::Delete() {
     d->check();
-    if (d->table.isEmpty()) throw DbError(errNotUpdatable, QStringLiteral("Database or object is read-only."));
+    if (d->table.isEmpty())
+        throw DbError(errNotUpdatable, QStringLiteral("Database or object is read-only."));
     if (d->eof || d->pos < 0) throw DbError(errNoCurrentRecord, QStringLiteral("No current record."));
+    d->leaveRow();
     sqlite3_stmt* s = d->db->cached(QStringLiteral("DELETE FROM \"%1\" WHERE rowid=?").arg(d->table));
     BindValue(s, 1, d->raw(0));
     const int rc = sqlite3_step(s);
@@ -424,6 +472,7 @@ void Recordset::Delete() {
 
 void Recordset::FindFirst(const QString& criteria) {
     d->check();
+    d->leaveRow();
     d->materialise();
     d->pos = -1;
     FindNext(criteria);
@@ -431,38 +480,42 @@ void Recordset::FindFirst(const QString& criteria) {
 
 void Recordset::FindNext(const QString& criteria) {
     d->check();
+    d->leaveRow();
     d->materialise();
     // The criterion runs in SQLite over one row at a time, the row's values bound as its fields.
     QStringList cols;
     for (int c = 0; c < d->ncols; ++c)
-        cols << QStringLiteral("?%1 AS \"%2\"").arg(c + 1).arg(QString(d->names[c]).replace(QLatin1Char('"'), QLatin1String("\"\"")));
-    const QString sql = QStringLiteral("SELECT (%1) FROM (SELECT %2)").arg(JetSql::TranslateExpression(criteria), cols.join(QLatin1Char(',')));
-    sqlite3_stmt* s = d->db->prepare(sql, criteria);
+        cols << QStringLiteral("?%1 AS \"%2\"")
+                    .arg(c + 1)
+                    .arg(QString(d->names[c]).replace(QLatin1Char('"'), QLatin1String("\"\"")));
+    const QString sql = QStringLiteral("SELECT (%1) FROM (SELECT %2)")
+                            .arg(JetSql::TranslateExpression(criteria), cols.join(QLatin1Char(',')));
+    const Statement test = d->db->prepare(sql, criteria);
+    sqlite3_stmt* s = test.get();
     d->noMatch = true;
     for (int p = d->pos + 1; p < int(d->rows.size()); ++p) {
         sqlite3_reset(s);
-        for (int c = 0; c < d->ncols; ++c) BindValue(s, c + 1, d->rows[p][c + d->base]);
+        for (int c = 0; c < d->ncols; ++c)
+            BindValue(s, c + 1, d->rows[p][c + d->base]);
         const int rc = sqlite3_step(s);
-        if (rc != SQLITE_ROW) {
-            sqlite3_finalize(s);
-            ThrowSqlite(d->db->db, rc, criteria);
-        }
+        if (rc != SQLITE_ROW) d->db->fail(rc, criteria);
         if (sqlite3_column_int(s, 0) != 0) {
             d->pos = p;
             d->eof = false;
             d->noMatch = false;
-            d->overrides.clear();
             break;
         }
     }
-    sqlite3_finalize(s);
 }
 
-bool Recordset::NoMatch() const { return d && d->noMatch; }
+bool Recordset::NoMatch() const {
+    return d && d->noMatch;
+}
 
 void Recordset::AppendChunk(const QString& name, const QByteArray& bytes) {
     const int c = d->column(name);
-    if (c < 0) throw DbError(errItemNotFound, QStringLiteral("Item '%1' not found in this collection.").arg(name));
+    if (c < 0)
+        throw DbError(errItemNotFound, QStringLiteral("Item '%1' not found in this collection.").arg(name));
     QByteArray data;
     if (d->chunkStarted[c]) {
         for (const auto& p : d->pending)
@@ -484,7 +537,11 @@ qint64 Recordset::FieldSize(const QString& name) const {
 }
 
 void Recordset::Close() {
-    if (d) d->finalize(), d->materialised = false, d->rows.clear();
+    if (!d) return;
+    d->leaveRow();
+    d->finalize();
+    d->materialised = false;
+    d->rows.clear();
 }
 
 } // namespace dao

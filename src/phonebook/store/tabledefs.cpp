@@ -13,13 +13,20 @@ QString q(const QString& name) {
 
 QString declType(const Field& f) {
     switch (f.Type) {
-    case dbLong: return QStringLiteral("INTEGER");
-    case dbBoolean: return QStringLiteral("BOOLEAN");
-    case dbDouble: return QStringLiteral("DOUBLE");
-    case dbDate: return QStringLiteral("DATETIME");
-    case dbLongBinary: return QStringLiteral("BLOB");
-    case dbMemo: return QStringLiteral("LONGTEXT");
-    case dbText: return QStringLiteral("VARCHAR(%1)").arg(f.Size > 0 ? f.Size : 255);
+    case dbLong:
+        return QStringLiteral("INTEGER");
+    case dbBoolean:
+        return QStringLiteral("BOOLEAN");
+    case dbDouble:
+        return QStringLiteral("DOUBLE");
+    case dbDate:
+        return QStringLiteral("DATETIME");
+    case dbLongBinary:
+        return QStringLiteral("BLOB");
+    case dbMemo:
+        return QStringLiteral("LONGTEXT");
+    case dbText:
+        return QStringLiteral("VARCHAR(%1)").arg(f.Size > 0 ? f.Size : 255);
     }
     return QStringLiteral("TEXT");
 }
@@ -30,9 +37,11 @@ QString defaultClause(const Field& f) {
     if (f.Type == dbDate && v.toString().compare(QLatin1String("now"), Qt::CaseInsensitive) == 0)
         return QStringLiteral(" DEFAULT (datetime('now','localtime'))");
     if (f.Type == dbBoolean) return v.toBool() ? QStringLiteral(" DEFAULT 1") : QStringLiteral(" DEFAULT 0");
-    if (f.Type == dbLong || f.Type == dbDouble) return QStringLiteral(" DEFAULT ") + QString::number(v.toDouble());
+    if (f.Type == dbLong || f.Type == dbDouble)
+        return QStringLiteral(" DEFAULT ") + QString::number(v.toDouble());
     QString s = v.toString();
-    return QStringLiteral(" DEFAULT '") + s.replace(QLatin1Char('\''), QLatin1String("''")) + QLatin1Char('\'');
+    return QStringLiteral(" DEFAULT '") + s.replace(QLatin1Char('\''), QLatin1String("''")) +
+           QLatin1Char('\'');
 }
 
 // Column text of one field: type, collation, default, and the checks that refuse what Jet refused.
@@ -42,13 +51,18 @@ QString columnDef(const Field& f, bool primary) {
     if (f.Type == dbText || f.Type == dbMemo) s += QStringLiteral(" COLLATE NOCASE");
     s += defaultClause(f);
     if (f.Type == dbText)
-        s += QStringLiteral(" CONSTRAINT %1 CHECK (length(%2) <= %3)").arg(q(f.Name + QStringLiteral(":size")), q(f.Name)).arg(f.Size > 0 ? f.Size : 255);
+        s += QStringLiteral(" CONSTRAINT %1 CHECK (length(%2) <= %3)")
+                 .arg(q(f.Name + QStringLiteral(":size")), q(f.Name))
+                 .arg(f.Size > 0 ? f.Size : 255);
     if ((f.Type == dbText || f.Type == dbMemo) && !f.AllowZeroLength)
-        s += QStringLiteral(" CONSTRAINT %1 CHECK (%2 <> '')").arg(q(f.Name + QStringLiteral(":zerolength")), q(f.Name));
+        s += QStringLiteral(" CONSTRAINT %1 CHECK (%2 <> '')")
+                 .arg(q(f.Name + QStringLiteral(":zerolength")), q(f.Name));
     return s;
 }
 
-QString indexName(const QString& table, const QString& index) { return table + QLatin1Char('.') + index; }
+QString indexName(const QString& table, const QString& index) {
+    return table + QLatin1Char('.') + index;
+}
 
 } // namespace
 
@@ -83,8 +97,10 @@ void TableDefs::Append(const TableDef& def) {
         }
     for (const Field& f : def.Fields)
         cols << columnDef(f, f.Name.compare(primaryField, Qt::CaseInsensitive) == 0);
-    if (!primaryField.isEmpty()) cols << QStringLiteral("CONSTRAINT %1 PRIMARY KEY (%2)").arg(q(primaryName), q(primaryField));
-    m_db->ExecuteNative(QStringLiteral("CREATE TABLE %1 (%2)").arg(q(def.Name), cols.join(QStringLiteral(", "))));
+    if (!primaryField.isEmpty())
+        cols << QStringLiteral("CONSTRAINT %1 PRIMARY KEY (%2)").arg(q(primaryName), q(primaryField));
+    m_db->ExecuteNative(
+        QStringLiteral("CREATE TABLE %1 (%2)").arg(q(def.Name), cols.join(QStringLiteral(", "))));
     for (const Index& ix : def.Indexes)
         if (!(ix.Primary && ix.Fields.size() == 1)) AppendIndex(def.Name, ix);
 }
@@ -95,55 +111,82 @@ void TableDefs::AppendField(const QString& table, const Field& f) {
 
 void TableDefs::AppendIndex(const QString& table, const Index& ix) {
     QStringList fields;
-    for (const QString& f : ix.Fields) fields << q(f);
+    for (const QString& f : ix.Fields)
+        fields << q(f);
     m_db->ExecuteNative(QStringLiteral("CREATE %1INDEX %2 ON %3 (%4)")
                             .arg(ix.Unique || ix.Primary ? QStringLiteral("UNIQUE ") : QString(),
                                  q(indexName(table, ix.Name)), q(table), fields.join(QLatin1Char(','))));
 }
 
+namespace {
+
+// Steps a schema query to its next row. False at its end; an error (a file locked, unreadable or
+// damaged) goes to the caller as itself, never as a missing item.
+bool nextRow(DatabaseImpl* d, sqlite3_stmt* s, const QString& context) {
+    const int rc = sqlite3_step(s);
+    if (rc == SQLITE_ROW) return true;
+    if (rc != SQLITE_DONE) d->fail(rc, context);
+    return false;
+}
+
+} // namespace
+
 bool TableDefs::Contains(const QString& table) const {
-    sqlite3_stmt* s = m_db->d->prepare(
-        QStringLiteral("SELECT 1 FROM sqlite_master WHERE type='table' AND name=? COLLATE NOCASE"), QString());
-    BindValue(s, 1, table);
-    const bool found = sqlite3_step(s) == SQLITE_ROW;
-    sqlite3_finalize(s);
-    return found;
+    DatabaseImpl* d = m_db->d.get();
+    const Statement s = d->prepare(
+        QStringLiteral("SELECT 1 FROM sqlite_master WHERE type='table' AND name=? COLLATE NOCASE"), table);
+    BindValue(s.get(), 1, table);
+    return nextRow(d, s.get(), table);
 }
 
 QStringList TableDefs::Names() const {
+    DatabaseImpl* d = m_db->d.get();
     QStringList names;
-    sqlite3_stmt* s = m_db->d->prepare(
-        QStringLiteral("SELECT name FROM sqlite_master WHERE type='table' AND name NOT LIKE 'sqlite_%' ORDER BY rowid"), QString());
-    while (sqlite3_step(s) == SQLITE_ROW) names << QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(s, 0)));
-    sqlite3_finalize(s);
+    const Statement s = d->prepare(
+        QStringLiteral(
+            "SELECT name FROM sqlite_master WHERE type='table' AND name NOT LIKE 'sqlite_%' ORDER BY rowid"),
+        QString());
+    while (nextRow(d, s.get(), QString()))
+        names << ColumnText(s.get(), 0);
     return names;
 }
 
 TableDef TableDefs::Item(const QString& table) const {
-    sqlite3_stmt* s = m_db->d->prepare(
-        QStringLiteral("SELECT name, sql FROM sqlite_master WHERE type='table' AND name=? COLLATE NOCASE"), QString());
-    BindValue(s, 1, table);
-    if (sqlite3_step(s) != SQLITE_ROW) {
-        sqlite3_finalize(s);
+    DatabaseImpl* d = m_db->d.get();
+    Statement s = d->prepare(
+        QStringLiteral("SELECT name, sql FROM sqlite_master WHERE type='table' AND name=? COLLATE NOCASE"),
+        table);
+    BindValue(s.get(), 1, table);
+    if (!nextRow(d, s.get(), table))
         throw DbError(errItemNotFound, QStringLiteral("Item '%1' not found in this collection.").arg(table));
-    }
-    TableDef def(QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(s, 0))));
-    const QString ddl = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(s, 1)));
-    sqlite3_finalize(s);
+    TableDef def(ColumnText(s.get(), 0));
+    const QString ddl = ColumnText(s.get(), 1);
 
-    s = m_db->d->prepare(QStringLiteral("SELECT name, type, dflt_value FROM pragma_table_info(?)"), QString());
-    BindValue(s, 1, def.Name);
-    while (sqlite3_step(s) == SQLITE_ROW) {
+    s = d->prepare(QStringLiteral("SELECT name, type, dflt_value FROM pragma_table_info(?)"), table);
+    BindValue(s.get(), 1, def.Name);
+    while (nextRow(d, s.get(), table)) {
         Field f;
-        f.Name = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(s, 0)));
-        const QByteArray type = reinterpret_cast<const char*>(sqlite3_column_text(s, 1));
+        f.Name = ColumnText(s.get(), 0);
+        const QByteArray type = ColumnText(s.get(), 1).toUtf8();
         switch (KindOfDecltype(type.constData())) {
-        case ColKind::Long: f.Type = dbLong; break;
-        case ColKind::Bool: f.Type = dbBoolean; break;
-        case ColKind::Double: f.Type = dbDouble; break;
-        case ColKind::Date: f.Type = dbDate; break;
-        case ColKind::Blob: f.Type = dbLongBinary; break;
-        default: f.Type = type.toUpper().startsWith("VARCHAR") ? dbText : dbMemo; break;
+        case ColKind::Long:
+            f.Type = dbLong;
+            break;
+        case ColKind::Bool:
+            f.Type = dbBoolean;
+            break;
+        case ColKind::Double:
+            f.Type = dbDouble;
+            break;
+        case ColKind::Date:
+            f.Type = dbDate;
+            break;
+        case ColKind::Blob:
+            f.Type = dbLongBinary;
+            break;
+        default:
+            f.Type = type.toUpper().startsWith("VARCHAR") ? dbText : dbMemo;
+            break;
         }
         if (f.Type == dbText) {
             static const QRegularExpression size(QStringLiteral(R"(\((\d+)\))"));
@@ -151,35 +194,40 @@ TableDef TableDefs::Item(const QString& table) const {
         }
         if (f.Type == dbText || f.Type == dbMemo)
             f.AllowZeroLength = !ddl.contains(q(f.Name + QStringLiteral(":zerolength")));
-        if (sqlite3_column_type(s, 2) != SQLITE_NULL) {
-            QString dv = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(s, 2)));
-            if (dv.contains(QLatin1String("datetime('now'"))) f.DefaultValue = QStringLiteral("now");
-            else if (dv.startsWith(QLatin1Char('\''))) f.DefaultValue = dv.mid(1, dv.size() - 2).replace(QLatin1String("''"), QLatin1String("'"));
-            else if (f.Type == dbBoolean) f.DefaultValue = dv.toInt() != 0;
-            else f.DefaultValue = dv.toDouble();
+        if (sqlite3_column_type(s.get(), 2) != SQLITE_NULL) {
+            QString dv = ColumnText(s.get(), 2);
+            if (dv.contains(QLatin1String("datetime('now'")))
+                f.DefaultValue = QStringLiteral("now");
+            else if (dv.startsWith(QLatin1Char('\'')))
+                f.DefaultValue = dv.mid(1, dv.size() - 2).replace(QLatin1String("''"), QLatin1String("'"));
+            else if (f.Type == dbBoolean)
+                f.DefaultValue = dv.toInt() != 0;
+            else
+                f.DefaultValue = dv.toDouble();
         }
         def.Fields.push_back(f);
     }
-    sqlite3_finalize(s);
 
     // Indexes: named "<table>.<index>"; the primary one is the table's named PRIMARY KEY constraint.
-    static const QRegularExpression pk(QStringLiteral(R"re(CONSTRAINT\s+"([^"]+)"\s+PRIMARY\s+KEY\s*\(\s*"([^"]+)"\s*\))re"));
+    static const QRegularExpression pk(
+        QStringLiteral(R"re(CONSTRAINT\s+"([^"]+)"\s+PRIMARY\s+KEY\s*\(\s*"([^"]+)"\s*\))re"));
     const auto m = pk.match(ddl);
     if (m.hasMatch()) def.Indexes.push_back(Index{m.captured(1), {m.captured(2)}, true, true});
-    s = m_db->d->prepare(QStringLiteral("SELECT il.name, il.\"unique\", ii.name FROM pragma_index_list(?) il "
-                                        "JOIN pragma_index_info(il.name) ii WHERE il.origin = 'c' ORDER BY il.name, ii.seqno"),
-                         QString());
-    BindValue(s, 1, def.Name);
-    while (sqlite3_step(s) == SQLITE_ROW) {
-        QString name = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(s, 0)));
+    s = d->prepare(
+        QStringLiteral("SELECT il.name, il.\"unique\", ii.name FROM pragma_index_list(?) il "
+                       "JOIN pragma_index_info(il.name) ii WHERE il.origin = 'c' ORDER BY il.name, ii.seqno"),
+        table);
+    BindValue(s.get(), 1, def.Name);
+    while (nextRow(d, s.get(), table)) {
+        QString name = ColumnText(s.get(), 0);
         const QString prefix = def.Name + QLatin1Char('.');
         if (name.startsWith(prefix, Qt::CaseInsensitive)) name = name.mid(prefix.size());
-        const QString field = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(s, 2)));
+        const QString field = ColumnText(s.get(), 2);
         if (!def.Indexes.empty() && def.Indexes.back().Name == name && !def.Indexes.back().Primary)
             def.Indexes.back().Fields << field;
-        else def.Indexes.push_back(Index{name, {field}, false, sqlite3_column_int(s, 1) != 0});
+        else
+            def.Indexes.push_back(Index{name, {field}, false, sqlite3_column_int(s.get(), 1) != 0});
     }
-    sqlite3_finalize(s);
     return def;
 }
 
