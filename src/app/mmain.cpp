@@ -49,7 +49,7 @@ bool gRetryPlanned = false;
 // The window of a start without a phonebook, while it shows.
 QPointer<FormNoPhonebook> gNoPhonebookWindow;
 
-// The build runs on the platform it was made for; anything else is refused as before.
+// The build runs on the platform it was made for; on any other it says so and stops.
 bool PlatformSupported() {
 #if defined(Q_OS_LINUX)
     return true;
@@ -214,14 +214,14 @@ void SetCommandLine(const QString& commandLine) {
 
 void Main() {
     RunEvent("mMain.Main", [] {
-        // 1. Every later message comes from the catalogue.
+        // Every later message comes from the catalogue.
         mLanguageEng::lngEng();
-        // 2. The platform.
+        // The platform.
         if (!PlatformSupported()) {
             MsgBox(msgKelvarinSupportsOnly, vb::vbOKOnly, vb::vbExclamation);
             return;
         }
-        // 3. A running first instance is brought forward and this one ends; a phonebook named on
+        // A running first instance is brought forward and this one ends; a phonebook named on
         // this one's command line is opened there.
         if (mPrevInstance::PrevInstance()) {
             mPrevInstance::ShowPrevInstance(PhonebookFromCommandLine(gCommandLine));
@@ -230,13 +230,13 @@ void Main() {
         gStarted = false;
         gHandedOver.clear();
         mPrevInstance::SetRequestHandler(handOver);
-        // 4. Recorded only.
+        // Recorded only.
         gManifestPresent =
             QFile::exists(QCoreApplication::applicationDirPath() + QStringLiteral("/Kelvarin.exe.manifest"));
         gRuntimePresent = QFile::exists(QStringLiteral("msvbvm60.dll"));
-        // 5. The file through which photos pass.
+        // The file through which photos pass.
         gPhotoTempFile = QDir::tempPath() + QStringLiteral("/kvdb_photo");
-        // 6. Preferences; the version is saved last, after the two steps that compare with it.
+        // Preferences; the version is saved last, after the two steps that compare with it.
         // A stored value that cannot be read is reported, and the start goes on with defaults.
         RunEvent("mRegSettings.CorrectingPreferencesFormat",
                  [] { mRegSettings::CorrectingPreferencesFormat(); });
@@ -244,7 +244,7 @@ void Main() {
         RunEvent("mRegSettings.ForceShowTipOfDay", [] { mRegSettings::ForceShowTipOfDay(); });
         RunEvent("mRegSettings.ResetPanesLayout", [] { mRegSettings::ResetPanesLayout(); });
         RunEvent("mRegSettings.SaveVersion", [] { mRegSettings::SaveVersion(); });
-        // 7. Which phonebook. Its path is kept absolute, so that the caption and the recent list
+        // Which phonebook. Its path is kept absolute, so that the caption and the recent list
         // still name it when the program later starts from another folder.
         if (!gCommandLine.isEmpty()) {
             gDBPath = PhonebookFromCommandLine(gCommandLine);
@@ -259,7 +259,7 @@ void Main() {
                 gDBPath = QFileInfo(recent).isRelative() ? QFileInfo(recent).absoluteFilePath() : recent;
         }
         mMru::LoadMRUList();
-        // 8. Open, or create, and upgrade. A folder is no phonebook: there is nothing to open.
+        // Open, or create, and upgrade. A folder is no phonebook: there is nothing to open.
         QStringList reported;
         bool connected = false;
         if (!QFileInfo(gDBPath).isDir()) {
@@ -271,7 +271,7 @@ void Main() {
                 MsgBox(text, vb::vbOKOnly, vb::vbCritical);
             reported.clear();
         }
-        // 10. The main window; loading it restores its layout, place and recent files. It is
+        // The main window; loading it restores its layout, place and recent files. It is
         // drawn before the phonebook fills it.
         auto* form = new Form1();
         form->show();
@@ -280,9 +280,8 @@ void Main() {
         form->ROSwitch();
         paintNow(*form, connected ? msgLoadingContacts : QString());
         std::unique_ptr<WaitCursor> busy(connected ? new WaitCursor : nullptr);
-        // 11.
         gNotConnected = !connected;
-        // 12. A file given to the program enters the recent list at once.
+        // A file given to the program enters the recent list at once.
         if (connected) {
             mCommon::EditCaption();
             mCommon::NotConnected(false);
@@ -292,9 +291,8 @@ void Main() {
             mCommon::NotConnected(true);
             mCommon::EditCaption();
         }
-        // 13.
         form->MenuUpdate();
-        // 14. The list columns, and the sort the list had when it was last closed.
+        // The list columns, and the sort the list had when it was last closed.
         mLV::IniList(*form->ListView1, mLV::lcDetails);
         mLV::IniList(*form->ListView2, mLV::lcContacts);
         form->ListView2->SetSortKey(int(mRegSettings::SettingNumber(
@@ -310,9 +308,9 @@ void Main() {
         mLV::SwitchSortDisk(*form->ListView2, form->ListView2->SortKey(), true);
         busy.reset();
         form->Timer1_Timer(); // the status bar shows the date again
-        // 16. Without a phonebook, the window that says why and offers Open and New.
+        // Without a phonebook, the window that says why and offers Open and New.
         if (!connected) offerPhonebook(*form, reported);
-        // 17. A phonebook handed over by a second start during the start opens now.
+        // A phonebook handed over by a second start during the start opens now.
         gMainFormShown = true;
         gStarted = true;
         deliverHandedOver();

@@ -1,5 +1,6 @@
 #include "support/helpers/keys.h"
 
+#include "core/commandids.h"
 #include "core/error.h"
 
 #include <limits>
@@ -55,10 +56,10 @@ namespace mDrive {
 qint32 GetLetterTabID(const QString& Key) {
     const QString k = Key.toUpper();
     if (k.size() == 1 && k.at(0) >= QLatin1Char('A') && k.at(0) <= QLatin1Char('Z'))
-        return 10425 + (k.at(0).unicode() - u'A');
-    if (k == QLatin1String("NUM")) return 10451;
-    if (k == QLatin1String("UNK")) return 10452;
-    if (k == QLatin1String("ALL")) return 10402;
+        return cmd::LetterA + (k.at(0).unicode() - u'A');
+    if (k == QLatin1String("NUM")) return cmd::LetterDigits;
+    if (k == QLatin1String("UNK")) return cmd::LetterUnknown;
+    if (k == QLatin1String("ALL")) return cmd::LetterAll;
     return 0;
 }
 
