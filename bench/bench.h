@@ -9,13 +9,13 @@
 namespace bench {
 
 struct Context {
-    int contacts = 0;      // size of the generated phonebook
-    QString phonebook;     // its path; gWS and gDB are open on it
+    int contacts = 0;  // size of the generated phonebook
+    QString phonebook; // its path; gWS and gDB are open on it
 };
 
 struct Case {
     const char* name;
-    int order;                                       // cases run in this order
+    int order; // cases run in this order
     std::function<void(const Context&)> run;
 };
 

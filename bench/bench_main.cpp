@@ -1,10 +1,10 @@
 // kelvarin-bench: builds phonebooks of generated contacts through the store and times the work
 // that a user waits for, each beside the bare SQLite time of the same queries.
+#include "app/mmain.h"
 #include "bench/bench.h"
 #include "bench/generate.h"
 #include "core/globals.h"
 #include "core/language.h"
-#include "app/mmain.h"
 #include "phonebook/createdb.h"
 
 #include <QApplication>
@@ -36,7 +36,8 @@ double MedianMs(int runs, const std::function<void()>& f) {
 
 void Report(const QString& what, int contacts, double ms, double floorMs) {
     if (floorMs > 0)
-        std::printf("%-58s %7d  %9.1f ms   bare %8.1f ms   ratio %5.2f\n", qPrintable(what), contacts, ms, floorMs, ms / floorMs);
+        std::printf("%-58s %7d  %9.1f ms   bare %8.1f ms   ratio %5.2f\n", qPrintable(what), contacts, ms,
+                    floorMs, ms / floorMs);
     else
         std::printf("%-58s %7d  %9.1f ms\n", qPrintable(what), contacts, ms);
     std::fflush(stdout);
@@ -57,7 +58,8 @@ int main(int argc, char** argv) {
     mLanguageEng::lngEng();
     QTemporaryDir dir;
     auto& cases = bench::Registry();
-    std::stable_sort(cases.begin(), cases.end(), [](const bench::Case& a, const bench::Case& b) { return a.order < b.order; });
+    std::stable_sort(cases.begin(), cases.end(),
+                     [](const bench::Case& a, const bench::Case& b) { return a.order < b.order; });
     std::printf("%-58s %7s  %12s\n", "what", "size", "median");
     const QList<int> sizes = qEnvironmentVariableIsSet("KELVARIN_BENCH_SIZE")
                                  ? QList<int>{qEnvironmentVariableIntValue("KELVARIN_BENCH_SIZE")}

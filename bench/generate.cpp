@@ -11,27 +11,37 @@ namespace bench {
 
 namespace {
 
-const char* kFirst[] = {"Anna", "Boris", "Clara", "David", "Elena", "Frank", "Greta", "Hugo", "Ines", "Jonas",
-                        "Karin", "Lukas", "Maria", "Nils", "Olga", "Paul", "Quinn", "Rosa", "Sven", "Tanja",
-                        "Ugo", "Vera", "Walter", "Xenia", "Yusuf", "Zoe", "Émile", "Øystein", "1st Aid", "O'Brien"};
-const char* kLast[] = {"Smith", "Jones", "Miller", "Brown", "Novak", "Garcia", "Kowalski", "Schmidt", "Rossi", "Dubois",
-                       "Nakamura", "Olsen", "Petrov", "Quint", "Reyes", "Silva", "Taylor", "Ulrich", "Vogel", "Weber"};
-const char* kCompany[] = {"Acme Tools", "Blue River Ltd", "Cedar Works", "Delta Freight", "Echo Media",
-                          "Fjord Fishing", "Granite Bank", "Harbor Clinic", "Iris Labs", "Juniper Foods"};
-const char* kCity[] = {"Oslo", "Lyon", "Porto", "Graz", "Turku", "Gdansk", "Leeds", "Bremen", "Bergen", "Malmo"};
-const char* kWords[] = {"met at the fair", "call after lunch", "prefers e-mail", "old friend", "supplier contact",
-                        "birthday in May", "owes a book", "common interests: sailing, chess"};
+const char* kFirst[] = {"Anna",  "Boris", "Clara", "David",   "Elena",   "Frank",  "Greta",  "Hugo",
+                        "Ines",  "Jonas", "Karin", "Lukas",   "Maria",   "Nils",   "Olga",   "Paul",
+                        "Quinn", "Rosa",  "Sven",  "Tanja",   "Ugo",     "Vera",   "Walter", "Xenia",
+                        "Yusuf", "Zoe",   "Émile", "Øystein", "1st Aid", "O'Brien"};
+const char* kLast[] = {"Smith",   "Jones", "Miller", "Brown",    "Novak", "Garcia", "Kowalski",
+                       "Schmidt", "Rossi", "Dubois", "Nakamura", "Olsen", "Petrov", "Quint",
+                       "Reyes",   "Silva", "Taylor", "Ulrich",   "Vogel", "Weber"};
+const char* kCompany[] = {"Acme Tools", "Blue River Ltd", "Cedar Works",  "Delta Freight",
+                          "Echo Media", "Fjord Fishing",  "Granite Bank", "Harbor Clinic",
+                          "Iris Labs",  "Juniper Foods"};
+const char* kCity[] = {"Oslo",   "Lyon",  "Porto",  "Graz",   "Turku",
+                       "Gdansk", "Leeds", "Bremen", "Bergen", "Malmo"};
+const char* kWords[] = {
+    "met at the fair",  "call after lunch", "prefers e-mail", "old friend",
+    "supplier contact", "birthday in May",  "owes a book",    "common interests: sailing, chess"};
 
 // A tree table filled with `count` nodes, each under a random earlier node down to `depth` levels.
 void fillTree(const QString& table, int count, int depth, const QString& prefix) {
     QRandomGenerator rnd(uint(table.size() * 7919 + count));
-    struct Node { int id; QString pedigree; int level; };
+    struct Node {
+        int id;
+        QString pedigree;
+        int level;
+    };
     std::vector<Node> nodes{{0, QStringLiteral("ID0E"), 0}};
     dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM ") + table);
     const int first = table == QLatin1String("Categories") ? 13 : 2;
     for (int id = first; id < first + count; ++id) {
         Node parent = nodes[rnd.bounded(int(nodes.size()))];
-        while (parent.level >= depth) parent = nodes[rnd.bounded(int(nodes.size()))];
+        while (parent.level >= depth)
+            parent = nodes[rnd.bounded(int(nodes.size()))];
         const Node n{id, parent.pedigree + QStringLiteral("ID%1E").arg(id), parent.level + 1};
         rs.AddNew();
         rs.SetValue(QStringLiteral("ID"), id);
@@ -81,7 +91,8 @@ void Generate(int contacts) {
         rs.SetValue(QStringLiteral("Type2"), 3);
         rs.SetValue(QStringLiteral("Number2"), QStringLiteral("+47 %1").arg(rnd.bounded(10000000, 99999999)));
         rs.SetValue(QStringLiteral("Type3"), 5);
-        rs.SetValue(QStringLiteral("Number3"), name.toLower().replace(QLatin1Char(' '), QLatin1Char('.')) + QStringLiteral("@example.org"));
+        rs.SetValue(QStringLiteral("Number3"), name.toLower().replace(QLatin1Char(' '), QLatin1Char('.')) +
+                                                   QStringLiteral("@example.org"));
         rs.SetValue(QStringLiteral("IDC"), rnd.bounded(13 + 200));
         rs.SetValue(QStringLiteral("IDX"), rnd.bounded(1, 52));
         rs.SetValue(QStringLiteral("IDB"), rnd.bounded(10) < 3 ? rnd.bounded(0, 22) : -1);

@@ -1,3 +1,5 @@
 #include "app/mmain.h"
 
-int main(int argc, char** argv) { return mMain::Run(argc, argv); }
+int main(int argc, char** argv) {
+    return mMain::Run(argc, argv);
+}

@@ -4,10 +4,10 @@
 #include "card/form3.h"
 #include "core/errorreport.h"
 #include "core/seams.h"
-#include "trees/mainview.h"
 #include "preferences/preferences.h"
 #include "support/controls/listview.h"
 #include "support/helpers/keys.h"
+#include "trees/mainview.h"
 
 qint16 PropertiesMode = 0;
 bool ListNeedsClickReset = false;

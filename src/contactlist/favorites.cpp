@@ -1,9 +1,9 @@
 #include "contactlist/favorites.h"
 
 #include "contactlist/assignment.h"
+#include "core/commandids.h"
 #include "core/error.h"
 #include "core/globals.h"
-#include "core/commandids.h"
 #include "support/controls/commandbars.h"
 #include "support/controls/listview.h"
 #include "support/helpers/keys.h"

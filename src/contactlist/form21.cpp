@@ -17,7 +17,6 @@ using namespace mLanguageGobals;
 
 namespace {
 
-
 // A place as the rows show it while they are sorted: two digits, "05".
 QString TwoDigits(int n) {
     return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0'));

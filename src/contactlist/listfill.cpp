@@ -4,12 +4,12 @@
 #include "contactlist/listupdate.h"
 #include "core/error.h"
 #include "core/globals.h"
+#include "phonebook/catpath.h"
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"
 #include "support/helpers/dates.h"
 #include "support/helpers/keys.h"
 #include "support/helpers/values.h"
-#include "phonebook/catpath.h"
 #include "trees/membership.h"
 #include "trees/viewhooks.h"
 #include "trees/viewstate.h"
@@ -156,7 +156,8 @@ ListFields::ListFields(const dao::Recordset& rs)
 void AddDriveRecord(ListView& ListView2, const dao::Recordset& rstWork, const ListFields& f) {
     HUNT_PLACE("mLV.AddDriveRecord(rstWork)");
     char digits[24];
-    int length = std::snprintf(digits, sizeof digits, "ID%lld", static_cast<long long>(rstWork.LongAt(f.IDCD)));
+    int length =
+        std::snprintf(digits, sizeof digits, "ID%lld", static_cast<long long>(rstWork.LongAt(f.IDCD)));
     const QString key = QString::fromLatin1(digits, length);
 
     // Each cell is written straight into the row's text.

@@ -36,7 +36,6 @@ enum ListCell : int {
     cellInfo1, // to cellInfo1 + 11
 };
 
-
 // What writing contact rows needs once per recordset rather than once per row: the places of the
 // fields, the shape of the dates shown and the cells of the row being made.
 struct ListFields {

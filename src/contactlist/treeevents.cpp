@@ -1,9 +1,9 @@
 #include "contactlist/treeevents.h"
 
+#include "contactlist/checktab.h"
 #include "core/error.h"
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"
-#include "contactlist/checktab.h"
 #include "trees/treeselect.h"
 #include "trees/viewhooks.h"
 #include "trees/viewstate.h"

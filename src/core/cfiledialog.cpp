@@ -26,7 +26,8 @@ QString CFileDialog::QtFilter() const {
     for (int i = 0; i + 1 < parts.size(); i += 2) {
         QString caption = parts[i];
         const QString patterns = QString(parts[i + 1]).replace(QLatin1Char(';'), QLatin1Char(' '));
-        if (!caption.contains(QLatin1Char('('))) caption += QStringLiteral(" (") + patterns + QLatin1Char(')');
+        if (!caption.contains(QLatin1Char('(')))
+            caption += QStringLiteral(" (") + patterns + QLatin1Char(')');
         filters << caption;
     }
     return filters.join(QStringLiteral(";;"));

@@ -7,12 +7,12 @@
 class QWidget;
 
 class CFileDialog {
-public:
+  public:
     QString Title;
     QString Mask;      // "Kelvarin Files (*.kvdb)|*.kvdb"
     QString Extension; // default extension, without the point
     QString InitDir;
-    QString FileName;  // the proposed name in, the chosen full path out
+    QString FileName; // the proposed name in, the chosen full path out
     QWidget* Owner = nullptr;
     bool ConfirmOverwrite = true; // save mode: the dialog asks before an existing file is chosen
 

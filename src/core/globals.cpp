@@ -15,7 +15,9 @@ bool gMainFormShown = false;
 bool gManifestPresent = false;
 bool gRuntimePresent = false;
 
-QString AppTitle() { return QStringLiteral("Kelvarin"); }
+QString AppTitle() {
+    return QStringLiteral("Kelvarin");
+}
 
 #include <QCoreApplication>
 #include <QStandardPaths>
@@ -26,8 +28,14 @@ QString PersonalFolder() {
     return p;
 }
 
-QString DefaultFolder() { return PersonalFolder() + QLatin1Char('/') + AppTitle(); }
+QString DefaultFolder() {
+    return PersonalFolder() + QLatin1Char('/') + AppTitle();
+}
 
-QString DefaultPhonebook() { return DefaultFolder() + QStringLiteral("/phonebook.kvdb"); }
+QString DefaultPhonebook() {
+    return DefaultFolder() + QStringLiteral("/phonebook.kvdb");
+}
 
-QString ProgramFolderPhonebook() { return QCoreApplication::applicationDirPath() + QStringLiteral("/phonebook.kvdb"); }
+QString ProgramFolderPhonebook() {
+    return QCoreApplication::applicationDirPath() + QStringLiteral("/phonebook.kvdb");
+}

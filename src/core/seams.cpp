@@ -28,28 +28,52 @@ int realMsgBox(const QString& text, int buttons, int icon, const QString& title)
     box.setText(text);
     box.setWindowTitle(title.isEmpty() ? QApplication::applicationName() : title);
     switch (icon) {
-    case vb::vbCritical: box.setIcon(QMessageBox::Critical); break;
-    case vb::vbQuestion: box.setIcon(QMessageBox::Question); break;
-    case vb::vbExclamation: box.setIcon(QMessageBox::Warning); break;
-    case vb::vbInformation: box.setIcon(QMessageBox::Information); break;
-    default: break;
+    case vb::vbCritical:
+        box.setIcon(QMessageBox::Critical);
+        break;
+    case vb::vbQuestion:
+        box.setIcon(QMessageBox::Question);
+        break;
+    case vb::vbExclamation:
+        box.setIcon(QMessageBox::Warning);
+        break;
+    case vb::vbInformation:
+        box.setIcon(QMessageBox::Information);
+        break;
+    default:
+        break;
     }
-    struct B { QMessageBox::StandardButton qt; int answer; };
+    struct B {
+        QMessageBox::StandardButton qt;
+        int answer;
+    };
     QList<B> list;
     switch (buttons & 0xF) {
-    case vb::vbOKCancel: list = {{QMessageBox::Ok, vb::vbOK}, {QMessageBox::Cancel, vb::vbCancel}}; break;
+    case vb::vbOKCancel:
+        list = {{QMessageBox::Ok, vb::vbOK}, {QMessageBox::Cancel, vb::vbCancel}};
+        break;
     case vb::vbAbortRetryIgnore:
-        list = {{QMessageBox::Abort, vb::vbAbort}, {QMessageBox::Retry, vb::vbRetry}, {QMessageBox::Ignore, vb::vbIgnore}};
+        list = {{QMessageBox::Abort, vb::vbAbort},
+                {QMessageBox::Retry, vb::vbRetry},
+                {QMessageBox::Ignore, vb::vbIgnore}};
         break;
     case vb::vbYesNoCancel:
-        list = {{QMessageBox::Yes, vb::vbYes}, {QMessageBox::No, vb::vbNo}, {QMessageBox::Cancel, vb::vbCancel}};
+        list = {
+            {QMessageBox::Yes, vb::vbYes}, {QMessageBox::No, vb::vbNo}, {QMessageBox::Cancel, vb::vbCancel}};
         break;
-    case vb::vbYesNo: list = {{QMessageBox::Yes, vb::vbYes}, {QMessageBox::No, vb::vbNo}}; break;
-    case vb::vbRetryCancel: list = {{QMessageBox::Retry, vb::vbRetry}, {QMessageBox::Cancel, vb::vbCancel}}; break;
-    default: list = {{QMessageBox::Ok, vb::vbOK}}; break;
+    case vb::vbYesNo:
+        list = {{QMessageBox::Yes, vb::vbYes}, {QMessageBox::No, vb::vbNo}};
+        break;
+    case vb::vbRetryCancel:
+        list = {{QMessageBox::Retry, vb::vbRetry}, {QMessageBox::Cancel, vb::vbCancel}};
+        break;
+    default:
+        list = {{QMessageBox::Ok, vb::vbOK}};
+        break;
     }
     QMessageBox::StandardButtons std;
-    for (const B& b : list) std |= b.qt;
+    for (const B& b : list)
+        std |= b.qt;
     box.setStandardButtons(std);
     const int def = (buttons & vb::vbDefaultButton3) ? 2 : (buttons & vb::vbDefaultButton2) ? 1 : 0;
     if (def < list.size()) box.setDefaultButton(list[def].qt);

@@ -9,7 +9,14 @@ class QDialog;
 class QWidget;
 
 namespace vb {
-enum Buttons { vbOKOnly = 0, vbOKCancel = 1, vbAbortRetryIgnore = 2, vbYesNoCancel = 3, vbYesNo = 4, vbRetryCancel = 5 };
+enum Buttons {
+    vbOKOnly = 0,
+    vbOKCancel = 1,
+    vbAbortRetryIgnore = 2,
+    vbYesNoCancel = 3,
+    vbYesNo = 4,
+    vbRetryCancel = 5
+};
 enum Icon { vbNoIcon = 0, vbCritical = 16, vbQuestion = 32, vbExclamation = 48, vbInformation = 64 };
 enum DefaultButton { vbDefaultButton1 = 0, vbDefaultButton2 = 256, vbDefaultButton3 = 512 };
 enum Answer { vbOK = 1, vbCancel = 2, vbAbort = 3, vbRetry = 4, vbIgnore = 5, vbYes = 6, vbNo = 7 };
@@ -19,7 +26,8 @@ enum Answer { vbOK = 1, vbCancel = 2, vbAbort = 3, vbRetry = 4, vbIgnore = 5, vb
 int MsgBox(const QString& text, int buttons = vb::vbOKOnly, int icon = vb::vbNoIcon,
            const QString& title = QString());
 using MsgBoxHandler = std::function<int(const QString& text, int buttons, int icon, const QString& title)>;
-MsgBoxHandler SetMsgBoxHandler(MsgBoxHandler handler); // returns the previous one; empty restores the real box
+MsgBoxHandler
+SetMsgBoxHandler(MsgBoxHandler handler); // returns the previous one; empty restores the real box
 
 // A modal window: shows `form` with `owner` (may be null) and answers QDialog::exec's result.
 int ShowModal(QDialog* form, QWidget* owner = nullptr);

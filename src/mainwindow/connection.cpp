@@ -1,9 +1,9 @@
+#include "mainwindow/connection.h"
 #include "core/error.h"
 #include "core/globals.h"
 #include "core/language.h"
 #include "mainwindow/form1.h"
 #include "phonebook/login.h"
-#include "mainwindow/connection.h"
 #include "preferences/preferences.h"
 #include "support/controls/commandbars.h"
 #include "support/controls/listview.h"
@@ -17,11 +17,11 @@ namespace mCommon {
 namespace {
 // Commands that stay usable without a phonebook.
 bool usableWithoutPhonebook(int id) {
-    static const int singles[] = {100, 101, 105,   106,   117,   199,   299,   399,   412,
-                                  522, 599, 603, 799, 10299, 10300, 10399, 10419, 10420, 59392};
+    static const int singles[] = {100, 101, 105, 106,   117,   199,   299,   399,   412,  522,
+                                  599, 603, 799, 10299, 10300, 10399, 10419, 10420, 59392};
     for (int s : singles)
         if (id == s) return true;
-    const int ranges[][2] = {{1, 10},       {512, 520},     {699, 701},     {703, 706},
+    const int ranges[][2] = {{1, 10},        {512, 520},     {699, 701},    {703, 706},
                              {10101, 10105}, {10199, 10225}, {10304, 10307}};
     for (const auto& r : ranges)
         if (id >= r[0] && id <= r[1]) return true;
@@ -57,7 +57,8 @@ void EditCaption() {
     QString title = AppTitle();
     if (gDBOpen) {
         title += QStringLiteral(" - ") + gDBPath;
-        if (BDSizeOnTitle) title += QStringLiteral(" - ") + msgDatabaseSize + mScanCD::GetFileDBSize(false, gDBPath);
+        if (BDSizeOnTitle)
+            title += QStringLiteral(" - ") + msgDatabaseSize + mScanCD::GetFileDBSize(false, gDBPath);
     }
     gForm1->setWindowTitle(title);
 }

@@ -1,8 +1,9 @@
 // The one dispatcher of the main window's commands, and the commands of the View menu that
 // switch bars and panes.
+#include "contactlist/checktab.h"
+#include "core/commandids.h"
 #include "core/errorreport.h"
 #include "core/globals.h"
-#include "core/commandids.h"
 #include "mainwindow/form1.h"
 #include "mainwindow/statusbar.h"
 #include "preferences/preferences.h"
@@ -10,7 +11,6 @@
 #include "support/controls/commandbars.h"
 #include "support/controls/treeview.h"
 #include "trees/catproperties.h"
-#include "contactlist/checktab.h"
 #include "trees/mainview.h"
 #include "trees/treedelete.h"
 #include "trees/treeedit.h"
@@ -37,17 +37,21 @@ bool updatesMenu(int id) {
 
 // Commands whose action is still to come: they stay disabled, whatever the state of the window.
 const int kWithoutAction[] = {
-    cmd::FileInfo,        cmd::FileClearDB,      cmd::FileCompactDB,    cmd::AccessFull,      cmd::AccessReadOnly,
-    cmd::AccessOptions,   cmd::ContactDelete,    cmd::ContactCopy,      cmd::ToolsSearch,     cmd::ToolsStatistics,
-    cmd::ToolsReport,     cmd::ToolsReportSelected, cmd::ToolsPreferences, cmd::HelpContents, cmd::HelpTip,
-    cmd::HelpWebsite,     cmd::HelpSupport,      cmd::HelpFeedback,     cmd::HelpAbout,       cmd::ListDelete,
-    cmd::ListCopy,        cmd::MainDelete,       cmd::MainSearch,       cmd::MainStatistics,  cmd::MainReport,
-    cmd::MainPreferences, cmd::MainHelp,         cmd::ReportOnList,     cmd::ReportOnContact,
+    cmd::FileInfo,         cmd::FileClearDB,     cmd::FileCompactDB, cmd::AccessFull,
+    cmd::AccessReadOnly,   cmd::AccessOptions,   cmd::ContactDelete, cmd::ContactCopy,
+    cmd::ToolsSearch,      cmd::ToolsStatistics, cmd::ToolsReport,   cmd::ToolsReportSelected,
+    cmd::ToolsPreferences, cmd::HelpContents,    cmd::HelpTip,       cmd::HelpWebsite,
+    cmd::HelpSupport,      cmd::HelpFeedback,    cmd::HelpAbout,     cmd::ListDelete,
+    cmd::ListCopy,         cmd::MainDelete,      cmd::MainSearch,    cmd::MainStatistics,
+    cmd::MainReport,       cmd::MainPreferences, cmd::MainHelp,      cmd::ReportOnList,
+    cmd::ReportOnContact,
 };
 
 } // namespace
 
-bool Form1::HasAction(int id) { return std::find(std::begin(kWithoutAction), std::end(kWithoutAction), id) == std::end(kWithoutAction); }
+bool Form1::HasAction(int id) {
+    return std::find(std::begin(kWithoutAction), std::end(kWithoutAction), id) == std::end(kWithoutAction);
+}
 
 void Form1::MarkCommandsWithoutAction() {
     for (CommandBarAction* action : CommandBars1->Actions())

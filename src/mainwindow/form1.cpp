@@ -2,14 +2,13 @@
 
 #include "contactlist/columns.h"
 
+#include "core/commandids.h"
 #include "core/errorreport.h"
 #include "core/globals.h"
 #include "core/language.h"
-#include "core/commandids.h"
-#include "mainwindow/dockingpane.h"
-#include "support/controls/icons.h"
-#include "mainwindow/statusbar.h"
 #include "mainwindow/connection.h"
+#include "mainwindow/dockingpane.h"
+#include "mainwindow/statusbar.h"
 #include "phonebook/login.h"
 #include "phonebook/store/dao.h"
 #include "preferences/mru.h"
@@ -18,9 +17,10 @@
 #include "preferences/settings.h"
 #include "preferences/settingvalue.h"
 #include "support/controls/commandbars.h"
-#include "support/controls/photofit.h"
+#include "support/controls/icons.h"
 #include "support/controls/imagelist.h"
 #include "support/controls/listview.h"
+#include "support/controls/photofit.h"
 #include "support/controls/treeview.h"
 #include "support/helpers/dates.h"
 
@@ -225,8 +225,8 @@ void Form1::ResizePhoto() {
         return;
     }
     picBox->setPixmap(shown);
-    picBox->setGeometry((frame.width() - shown.width()) / 2, (frame.height() - shown.height()) / 2, shown.width(),
-                        shown.height());
+    picBox->setGeometry((frame.width() - shown.width()) / 2, (frame.height() - shown.height()) / 2,
+                        shown.width(), shown.height());
 }
 
 void Form1::ROSwitch() {

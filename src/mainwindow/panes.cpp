@@ -1,9 +1,9 @@
 // The four dockable panes of the main window: their default layout, the saved layouts, and the
 // pane entries of the View menu with the preferences behind them.
+#include "core/commandids.h"
 #include "core/errorreport.h"
 #include "core/globals.h"
 #include "core/language.h"
-#include "core/commandids.h"
 #include "mainwindow/dockingpane.h"
 #include "mainwindow/form1.h"
 #include "preferences/preferences.h"

@@ -72,12 +72,15 @@ void Form1::connectViewEvents() {
     connect(ListView2, &ListView::ColumnClick, this, [this](ColumnHeader* column) {
         RunEvent("Form1.ListView2_ColumnClick", [&] { ListView2_ColumnClick(column); });
     });
-    connect(ListView1, &ListView::MouseMove, this, [this](Qt::MouseButtons, Qt::KeyboardModifiers, const QPoint& pos) {
-        ListView1->viewport()->setCursor(linkAt(pos).isEmpty() ? Qt::ArrowCursor : Qt::PointingHandCursor);
-    });
-    connect(ListView1, &ListView::MouseUp, this, [this](Qt::MouseButton, Qt::KeyboardModifiers, const QPoint& pos) {
-        RunEvent("Form1.ListView1_MouseUp", [&] { ListView1_MouseUp(pos); });
-    });
+    connect(ListView1, &ListView::MouseMove, this,
+            [this](Qt::MouseButtons, Qt::KeyboardModifiers, const QPoint& pos) {
+                ListView1->viewport()->setCursor(linkAt(pos).isEmpty() ? Qt::ArrowCursor
+                                                                       : Qt::PointingHandCursor);
+            });
+    connect(ListView1, &ListView::MouseUp, this,
+            [this](Qt::MouseButton, Qt::KeyboardModifiers, const QPoint& pos) {
+                RunEvent("Form1.ListView1_MouseUp", [&] { ListView1_MouseUp(pos); });
+            });
     // A right click on a node has made it the node in force (NodeClick); its menu follows.
     connect(CatTree, &TreeView::ContextMenu, this, [this](const QPoint& pos) {
         QMenu* menu = CommandBars1 ? CommandBars1->ContextMenu(QStringLiteral("TreePopup")) : nullptr;

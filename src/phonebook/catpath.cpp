@@ -63,7 +63,8 @@ namespace {
 void rewriteCatpaths(dao::Recordset& rs, qint16 mode) {
     for (; !rs.AtEOF(); rs.MoveNext()) {
         rs.Edit();
-        rs.SetValue(QStringLiteral("Catpath"), UpdateCatPath(rs[QStringLiteral("Pedigree")].toString(), mode));
+        rs.SetValue(QStringLiteral("Catpath"),
+                    UpdateCatPath(rs[QStringLiteral("Pedigree")].toString(), mode));
         rs.Update();
     }
     rs.Close();

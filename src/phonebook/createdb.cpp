@@ -3,12 +3,12 @@
 #include "core/error.h"
 #include "core/globals.h"
 #include "core/language.h"
-#include "phonebook/login.h"
+#include "phonebook/catpath.h"
 #include "phonebook/fileerrors.h"
+#include "phonebook/login.h"
 #include "phonebook/schema.h"
 #include "support/helpers/files.h"
 #include "support/helpers/paths.h"
-#include "phonebook/catpath.h"
 
 #include <QFile>
 
@@ -28,9 +28,15 @@ void addTreeRow(dao::Recordset& rs, qint32 id, const QString& name, qint32 paren
 }
 
 void writeDefaultRows() {
-    struct Row { qint32 id; QString name; qint32 parent; const char* pedigree; };
+    struct Row {
+        qint32 id;
+        QString name;
+        qint32 parent;
+        const char* pedigree;
+    };
     const Row categories[] = {
-        {0, msgAllCategories, -1, "ID0E"},         {1, msgOthers, 0, "ID0EID1E"},
+        {0, msgAllCategories, -1, "ID0E"},
+        {1, msgOthers, 0, "ID0EID1E"},
         {2, QStringLiteral("Personal"), 0, "ID0EID2E"},
         {3, QStringLiteral("Business"), 0, "ID0EID3E"},
         {4, QStringLiteral("Customers"), 3, "ID0EID3EID4E"},
@@ -44,7 +50,8 @@ void writeDefaultRows() {
         {12, QStringLiteral("Relatives"), 2, "ID0EID2EID12E"},
     };
     dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM Categories"));
-    for (const Row& r : categories) addTreeRow(rs, r.id, r.name, r.parent, QString::fromLatin1(r.pedigree));
+    for (const Row& r : categories)
+        addTreeRow(rs, r.id, r.name, r.parent, QString::fromLatin1(r.pedigree));
     rs.Close();
 
     rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM Borrows"));
@@ -57,7 +64,8 @@ void writeDefaultRows() {
     addTreeRow(rs, 1, msgOthers, 0, QStringLiteral("ID0EID1E"));
     rs.Close();
 
-    const char* types[] = {"Home phone", "Work phone", "Mobile phone", "Fax", "Email", "MSN", "ICQ", "AOL", "Skype"};
+    const char* types[] = {"Home phone", "Work phone", "Mobile phone", "Fax",  "Email",
+                           "MSN",        "ICQ",        "AOL",          "Skype"};
     rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM Types"));
     qint32 id = 1;
     for (const char* t : types) {
@@ -92,7 +100,8 @@ int CreateDB(const QString& sBaseName, bool FromStart) {
         gDBOpen = true;
         dao::Transaction trans(gWS);
         dao::TableDefs defs = gDB.TableDefs();
-        for (const dao::TableDef& t : mSchema::All()) defs.Append(t);
+        for (const dao::TableDef& t : mSchema::All())
+            defs.Append(t);
         defs.Refresh();
         writeDefaultRows();
         mLV::UpdateCatPathAll();

@@ -43,8 +43,10 @@ bool LoginCnn(bool FromStart) {
     } catch (const HuntERR::Error& e) {
         mMain::Closing();
         const mAccess::FileErrorFamily family = mAccess::FileErrorFamilyOf(e.Number());
-        if (family == mAccess::FileErrorFamily::None) HuntERR::Report(e, "mLogin.LoginCnn(FromStart)");
-        else mAccess::ShowFileError(family, msgCannotOpenPhonebookNoSpace, gDBPath);
+        if (family == mAccess::FileErrorFamily::None)
+            HuntERR::Report(e, "mLogin.LoginCnn(FromStart)");
+        else
+            mAccess::ShowFileError(family, msgCannotOpenPhonebookNoSpace, gDBPath);
         HuntERR::ClearPendingStack();
         return false;
     }

@@ -10,7 +10,8 @@ namespace {
 struct Def {
     TableDef t;
     explicit Def(const char* name) : t(QString::fromLatin1(name)) {}
-    Def& f(const char* name, FieldType type, int size = 0, bool zeroLength = false, QVariant def = QVariant()) {
+    Def& f(const char* name, FieldType type, int size = 0, bool zeroLength = false,
+           QVariant def = QVariant()) {
         Field fd = t.CreateField(QString::fromLatin1(name), type, size);
         fd.AllowZeroLength = zeroLength;
         fd.DefaultValue = std::move(def);
@@ -18,7 +19,8 @@ struct Def {
         return *this;
     }
     Def& ix(const char* name, const char* field, bool primary, bool unique) {
-        t.Indexes.push_back(Index{QString::fromLatin1(name), {QString::fromLatin1(field)}, primary, unique || primary});
+        t.Indexes.push_back(
+            Index{QString::fromLatin1(name), {QString::fromLatin1(field)}, primary, unique || primary});
         return *this;
     }
 };
@@ -68,12 +70,14 @@ TableDef CDs() {
         .f("City", dbText, 255)
         .f("State", dbText, 255)
         .f("Zip", dbText, 255);
-    static const char* types[] = {"Type1", "Type2", "Type3", "Type4", "Type5", "Type6",
+    static const char* types[] = {"Type1", "Type2", "Type3", "Type4",  "Type5",  "Type6",
                                   "Type7", "Type8", "Type9", "Type10", "Type11", "Type12"};
-    static const char* numbers[] = {"Number1", "Number2", "Number3", "Number4", "Number5", "Number6",
+    static const char* numbers[] = {"Number1", "Number2", "Number3", "Number4",  "Number5",  "Number6",
                                     "Number7", "Number8", "Number9", "Number10", "Number11", "Number12"};
-    for (const char* t : types) d.f(t, dbLong);
-    for (const char* n : numbers) d.f(n, dbText, 255);
+    for (const char* t : types)
+        d.f(t, dbLong);
+    for (const char* n : numbers)
+        d.f(n, dbText, 255);
     d.f("Photo", dbLongBinary).f("PhotoExt", dbText, 15).f("PhotoSize", dbDouble);
     return d.t;
 }
@@ -123,21 +127,33 @@ TableDef Elements() {
         .t;
 }
 
-TableDef SearchWhat() { return Def("SearchWhat").f("Name", dbBoolean).f("Text", dbText, 255).f("Update", dbDate).t; }
+TableDef SearchWhat() {
+    return Def("SearchWhat").f("Name", dbBoolean).f("Text", dbText, 255).f("Update", dbDate).t;
+}
 
-TableDef SearchWhere() { return Def("SearchWhere").f("IDCD", dbLong).f("Path", dbText, 255).f("Update", dbDate).t; }
+TableDef SearchWhere() {
+    return Def("SearchWhere").f("IDCD", dbLong).f("Path", dbText, 255).f("Update", dbDate).t;
+}
 
 namespace {
 Def tree(const char* name) {
     Def d(name);
-    d.f("ID", dbLong).f("Name", dbText, 255, ZL).f("IDPARENT", dbLong).f("Pedigree", dbMemo).f("Comment", dbMemo);
+    d.f("ID", dbLong)
+        .f("Name", dbText, 255, ZL)
+        .f("IDPARENT", dbLong)
+        .f("Pedigree", dbMemo)
+        .f("Comment", dbMemo);
     return d;
 }
 } // namespace
 
-TableDef Categories() { return tree("Categories").f("Catpath", dbMemo, 0, ZL).ix("Index1", "ID", true, true).t; }
+TableDef Categories() {
+    return tree("Categories").f("Catpath", dbMemo, 0, ZL).ix("Index1", "ID", true, true).t;
+}
 
-TableDef Boxes() { return tree("Boxes").f("Catpath", dbMemo, 0, ZL).ix("Index1", "ID", true, true).t; }
+TableDef Boxes() {
+    return tree("Boxes").f("Catpath", dbMemo, 0, ZL).ix("Index1", "ID", true, true).t;
+}
 
 TableDef Borrows() {
     return tree("Borrows")
@@ -173,7 +189,7 @@ TableDef AccessMode() {
 }
 
 std::vector<TableDef> All() {
-    return {CDs(), Types(), Paths(), Elements(), SearchWhat(), SearchWhere(),
+    return {CDs(),        Types(), Paths(),   Elements(),    SearchWhat(), SearchWhere(),
             Categories(), Boxes(), Borrows(), LoanHistory(), AccessMode()};
 }
 

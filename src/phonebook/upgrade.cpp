@@ -3,8 +3,8 @@
 #include "core/error.h"
 #include "core/globals.h"
 #include "core/language.h"
-#include "phonebook/schema.h"
 #include "phonebook/catpath.h"
+#include "phonebook/schema.h"
 
 using namespace mLanguageGobals;
 using dao::dbBoolean;
@@ -64,7 +64,10 @@ bool CheckTable(const QString& strName) {
 bool CheckTableField(const QString& strTableName, const QString& strFieldName) {
     HUNT_PLACE("mAccess.CheckTableField(strTableName,strFieldName)", strTableName, strFieldName);
     try {
-        return gDB.TableDefs().Item(strTableName).FieldByName(strFieldName).Name.compare(strFieldName, Qt::CaseInsensitive) == 0;
+        return gDB.TableDefs()
+                   .Item(strTableName)
+                   .FieldByName(strFieldName)
+                   .Name.compare(strFieldName, Qt::CaseInsensitive) == 0;
     } catch (const HuntERR::Error& e) {
         if (e.Number() == dao::errItemNotFound) return false;
         throw;

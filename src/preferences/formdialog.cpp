@@ -10,7 +10,9 @@ FormDialog::FormDialog(const QString& formName, QWidget* parent)
     setObjectName(formName);
 }
 
-void FormDialog::RestorePlace() { mRegSettings::GetWindowConfig(this, objectName()); }
+void FormDialog::RestorePlace() {
+    mRegSettings::GetWindowConfig(this, objectName());
+}
 
 void FormDialog::Form_Unload() {
     HUNT_PLACE(m_unloadPlace.constData());

@@ -9,14 +9,14 @@ class QPushButton;
 
 class FormDialog : public QDialog {
     Q_OBJECT
-public:
+  public:
     // `formName` is the window's object name and chooses the settings section of its place.
     FormDialog(const QString& formName, QWidget* parent);
 
     // Stores the window's place; runs once.
     void Form_Unload();
 
-protected:
+  protected:
     // The remembered place, at load.
     void RestorePlace();
     // What a form lets go of before its place is stored.
@@ -25,7 +25,7 @@ protected:
     // A button that never takes Enter for itself.
     QPushButton* MakeButton(const char* name);
 
-private:
+  private:
     QByteArray m_unloadPlace; // "<form>.Form_Unload"
     bool m_unloaded = false;
 };

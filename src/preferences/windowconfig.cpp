@@ -51,11 +51,14 @@ QSize sizeToShow(QWidget* frm) {
 // Places and sizes are those of the window without its frame: the frame is not known before the
 // window shows, and a window manager may draw it any size, so only this measure comes back as it
 // was stored.
-void placeAt(QWidget* frm, const QPoint& topLeft) { frm->setGeometry(QRect(topLeft, sizeToShow(frm))); }
+void placeAt(QWidget* frm, const QPoint& topLeft) {
+    frm->setGeometry(QRect(topLeft, sizeToShow(frm)));
+}
 
 void centreIn(QWidget* frm, const QRect& area) {
     const QSize size = sizeToShow(frm);
-    placeAt(frm, QPoint(area.x() + (area.width() - size.width()) / 2, area.y() + (area.height() - size.height()) / 2));
+    placeAt(frm, QPoint(area.x() + (area.width() - size.width()) / 2,
+                        area.y() + (area.height() - size.height()) / 2));
 }
 
 // A stored place on no screen any more (a screen removed, a smaller one) is moved onto the
@@ -69,7 +72,8 @@ QPoint onScreen(QWidget* frm, const QPoint& topLeft) {
     // Room above for a title bar, which the stored place does not include.
     constexpr int kTitle = 32;
     const int x = qBound(area.left(), topLeft.x(), qMax(area.left(), area.right() - size.width()));
-    const int y = qBound(area.top() + kTitle, topLeft.y(), qMax(area.top() + kTitle, area.bottom() - size.height()));
+    const int y =
+        qBound(area.top() + kTitle, topLeft.y(), qMax(area.top() + kTitle, area.bottom() - size.height()));
     return QPoint(x, y);
 }
 

@@ -17,7 +17,6 @@ namespace mCommon {
 // follow a change.
 void GetCatProperties(const mTV::MainView& view, qint32 pID, bool pFromDiskList);
 
-
 } // namespace mCommon
 
 namespace mTV {

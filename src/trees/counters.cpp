@@ -2,8 +2,8 @@
 
 #include "core/error.h"
 #include "core/globals.h"
-#include "support/controls/treeview.h"
 #include "phonebook/catpath.h"
+#include "support/controls/treeview.h"
 #include "trees/treelabels.h"
 #include "trees/viewstate.h"
 

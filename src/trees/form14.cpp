@@ -24,7 +24,8 @@ const QString kRoot = QStringLiteral("ID0");
 
 } // namespace
 
-Form14::Form14(qint16 treeMode, QWidget* parent) : FormDialog(QStringLiteral("Form14"), parent), mode(treeMode) {
+Form14::Form14(qint16 treeMode, QWidget* parent)
+    : FormDialog(QStringLiteral("Form14"), parent), mode(treeMode) {
     buildControls();
     Form_Load();
 }
@@ -53,16 +54,17 @@ void Form14::buildControls() {
     box->addLayout(buttons);
     resize(340, 400);
 
-    connect(bnAdd, &QPushButton::clicked, this, [this] { RunEvent("Form14.bnAdd_Click", [this] { bnAdd_Click(); }); });
-    connect(bnOK, &QPushButton::clicked, this, [this] { RunEvent("Form14.bnOK_Click", [this] { bnOK_Click(); }); });
+    connect(bnAdd, &QPushButton::clicked, this,
+            [this] { RunEvent("Form14.bnAdd_Click", [this] { bnAdd_Click(); }); });
+    connect(bnOK, &QPushButton::clicked, this,
+            [this] { RunEvent("Form14.bnOK_Click", [this] { bnOK_Click(); }); });
     connect(bnCancel, &QPushButton::clicked, this,
             [this] { RunEvent("Form14.bnCancel_Click", [this] { bnCancel_Click(); }); });
     connect(CatTree, &TreeView::AfterLabelEdit, this, [this](bool& Cancel, QString& NewString) {
         RunEvent("Form14.CatTree_AfterLabelEdit", [&] { CatTree_AfterLabelEdit(Cancel, NewString); });
     });
-    connect(CatTree, &TreeView::Collapse, this, [this](TreeNode* Node) {
-        RunEvent("Form14.CatTree_Collapse", [&] { CatTree_Collapse(Node); });
-    });
+    connect(CatTree, &TreeView::Collapse, this,
+            [this](TreeNode* Node) { RunEvent("Form14.CatTree_Collapse", [&] { CatTree_Collapse(Node); }); });
     connect(CatTree, &TreeView::GotFocus, this,
             [this] { RunEvent("Form14.CatTree_GotFocus", [this] { CatTree_GotFocus(); }); });
     connect(CatTree, &TreeView::LostFocus, this,

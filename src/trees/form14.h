@@ -27,10 +27,10 @@ class Form14 : public FormDialog {
     // Builds and loads the dialog (Form_Load) for the tree of `mode`.
     explicit Form14(qint16 mode, QWidget* parent = nullptr);
 
-    qint16 mode;          // 0 categories, 1 groups, 2 favorites
-    QString ChosenKey;    // key of the chosen node on OK, "" otherwise
-    QString ComboKey;     // the same key, for the caller's combo
-    QString ChosenText;   // the chosen node's name
+    qint16 mode;        // 0 categories, 1 groups, 2 favorites
+    QString ChosenKey;  // key of the chosen node on OK, "" otherwise
+    QString ComboKey;   // the same key, for the caller's combo
+    QString ChosenText; // the chosen node's name
     // A node was added to the tree of that kind while the dialog was open, so the caller's copy
     // of that tree is out of date.
     bool AddCat = false;

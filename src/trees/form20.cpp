@@ -4,11 +4,11 @@
 #include "core/errorreport.h"
 #include "core/globals.h"
 #include "core/language.h"
+#include "phonebook/catpath.h"
 #include "support/controls/icons.h"
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"
 #include "support/helpers/values.h"
-#include "phonebook/catpath.h"
 #include "trees/treeedit.h"
 #include "trees/treelabels.h"
 #include "trees/treesort.h"
@@ -26,7 +26,6 @@ using namespace mLanguageGobals;
 
 namespace {
 
-
 // A name that makes OK fail on purpose, so that staff can watch the error report at work.
 const QString kErrorProbe = QStringLiteral("snagprobesnagprobe");
 
@@ -37,8 +36,8 @@ QVariant TextOrNull(const QString& text) {
 } // namespace
 
 Form20::Form20(const mTV::MainView& view, qint32 id, qint16 treeMode, bool fromDiskList, QWidget* parent)
-    : FormDialog(QStringLiteral("Form20"), parent), pID(id), mode(treeMode), pFromDiskList(fromDiskList), m_tree(view.CatTree),
-      m_list(view.ListView2) {
+    : FormDialog(QStringLiteral("Form20"), parent), pID(id), mode(treeMode), pFromDiskList(fromDiskList),
+      m_tree(view.CatTree), m_list(view.ListView2) {
     buildControls();
     Form_Load();
     // While the dialog is open, a node made in the phonebook takes its comment from here.
@@ -100,7 +99,8 @@ void Form20::buildControls() {
     grid->setRowStretch(3, 1);
     resize(360, 280);
 
-    connect(bnOK, &QPushButton::clicked, this, [this] { RunEvent("Form20.bnOK_Click", [this] { bnOK_Click(); }); });
+    connect(bnOK, &QPushButton::clicked, this,
+            [this] { RunEvent("Form20.bnOK_Click", [this] { bnOK_Click(); }); });
     connect(bnCancel, &QPushButton::clicked, this,
             [this] { RunEvent("Form20.bnCancel_Click", [this] { bnCancel_Click(); }); });
 }
@@ -156,7 +156,9 @@ void Form20::Form_Load() {
     RestorePlace();
 }
 
-void Form20::BeforeUnload() { releaseCommentHook(); }
+void Form20::BeforeUnload() {
+    releaseCommentHook();
+}
 
 void Form20::bnOK_Click() {
     HUNT_PLACE("Form20.bnOK_Click", pID, mode, pFromDiskList);
@@ -187,7 +189,8 @@ void Form20::bnOK_Click() {
 
             ListItem* row = pFromDiskList ? m_list.SelectedItem() : nullptr;
             if (nameChanged) {
-                if (TreeNode* node = m_tree.Nodes(key)) node->SetText(mTV::NodeLabel(name, mTV::TagCount(node->Tag())));
+                if (TreeNode* node = m_tree.Nodes(key))
+                    node->SetText(mTV::NodeLabel(name, mTV::TagCount(node->Tag())));
                 if (row) row->SetText(name);
                 // The contact rows show the paths of the node in force, which the new name is part of.
                 if (const TreeNode* selected = m_tree.SelectedItem())

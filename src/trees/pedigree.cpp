@@ -2,9 +2,9 @@
 
 #include "core/error.h"
 #include "core/globals.h"
+#include "phonebook/catpath.h"
 #include "support/controls/treeview.h"
 #include "support/helpers/keys.h"
-#include "phonebook/catpath.h"
 #include "trees/viewhooks.h"
 
 namespace mTV {

@@ -2,9 +2,9 @@
 
 #include "core/error.h"
 #include "core/globals.h"
+#include "phonebook/catpath.h"
 #include "support/controls/treeview.h"
 #include "support/helpers/values.h"
-#include "phonebook/catpath.h"
 #include "trees/counters.h"
 #include "trees/treelabels.h"
 #include "trees/treesort.h"

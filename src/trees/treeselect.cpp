@@ -1,9 +1,9 @@
 #include "trees/treeselect.h"
 
-#include "phonebook/contactquery.h"
 #include "core/error.h"
 #include "core/globals.h"
 #include "core/language.h"
+#include "phonebook/contactquery.h"
 #include "support/controls/listview.h"
 #include "support/helpers/keys.h"
 #include "support/helpers/values.h"

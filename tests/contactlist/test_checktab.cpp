@@ -4,8 +4,8 @@
 #include "trees/viewfixture.h"
 
 #include "contactlist/listsort.h"
-#include "preferences/settings.h"
 #include "contactlist/treeevents.h"
+#include "preferences/settings.h"
 
 namespace {
 

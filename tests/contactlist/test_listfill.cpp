@@ -6,10 +6,10 @@
 #include "contactlist/listfill.h"
 #include "contactlist/listhooks.h"
 #include "core/globals.h"
+#include "phonebook/catpath.h"
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"
 #include "support/helpers/dates.h"
-#include "phonebook/catpath.h"
 #include "trees/viewhooks.h"
 #include "trees/viewstate.h"
 

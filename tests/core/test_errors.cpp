@@ -5,11 +5,11 @@
 #include "core/language.h"
 #include "support/fixture.h"
 
-#include <QFontDatabase>
 #include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFontDatabase>
 #include <QFontInfo>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -293,7 +293,8 @@ TEST_F(ErrorTrap, TheWindowSaysWhatFailedAndEnterEscAndCloseCloseIt) {
         EXPECT_EQ(summary->text(), savedSentence(QStringLiteral("Invalid procedure call or argument")));
         EXPECT_TRUE(
             report->toPlainText().startsWith(QStringLiteral("Invalid procedure call or argument \n")));
-        EXPECT_EQ(report->font(), QFontDatabase::systemFont(QFontDatabase::FixedFont)); // what the machine has
+        EXPECT_EQ(report->font(),
+                  QFontDatabase::systemFont(QFontDatabase::FixedFont)); // what the machine has
         EXPECT_EQ(close->text(), mLanguageGobals::msgClose);
         EXPECT_EQ(form->windowTitle(), mLanguageGobals::msgProgramError);
 

@@ -36,7 +36,8 @@ int LayerOf(const QString& path) {
     int bestLength = -1;
     for (int i = 0; i < Layers().size(); ++i)
         for (const QString& folder : Layers()[i])
-            if ((path == folder || path.startsWith(folder + QLatin1Char('/'))) && folder.size() > bestLength) {
+            if ((path == folder || path.startsWith(folder + QLatin1Char('/'))) &&
+                folder.size() > bestLength) {
                 best = i;
                 bestLength = folder.size();
             }
@@ -52,7 +53,8 @@ struct Include {
 QList<Include> ProjectIncludes(const QString& src) {
     static const QRegularExpression include(QStringLiteral(R"re(^\s*#\s*include\s+"([^"]+)")re"));
     QList<Include> found;
-    QDirIterator it(src, {QStringLiteral("*.h"), QStringLiteral("*.cpp")}, QDir::Files, QDirIterator::Subdirectories);
+    QDirIterator it(src, {QStringLiteral("*.h"), QStringLiteral("*.cpp")}, QDir::Files,
+                    QDirIterator::Subdirectories);
     while (it.hasNext()) {
         const QString path = it.next();
         QFile file(path);
@@ -71,7 +73,8 @@ QList<Include> ProjectIncludes(const QString& src) {
 
 TEST(Layers, EveryFileBelongsToALayer) {
     const QString src = QStringLiteral(KELVARIN_SOURCE_DIR "/src");
-    QDirIterator it(src, {QStringLiteral("*.h"), QStringLiteral("*.cpp")}, QDir::Files, QDirIterator::Subdirectories);
+    QDirIterator it(src, {QStringLiteral("*.h"), QStringLiteral("*.cpp")}, QDir::Files,
+                    QDirIterator::Subdirectories);
     int files = 0;
     while (it.hasNext()) {
         const QString path = QDir(src).relativeFilePath(it.next());
@@ -88,15 +91,16 @@ TEST(Layers, NoFileIncludesALayerAboveItsOwn) {
         const int from = LayerOf(inc.file);
         const int to = LayerOf(inc.header);
         if (to < 0) continue; // a header beside the file (moc output and the like)
-        EXPECT_LE(to, from) << inc.file.toStdString() << ":" << inc.line << " includes " << inc.header.toStdString()
-                            << " from a layer above its own";
+        EXPECT_LE(to, from) << inc.file.toStdString() << ":" << inc.line << " includes "
+                            << inc.header.toStdString() << " from a layer above its own";
     }
 }
 
 TEST(Layers, TheRuleCatchesAnUpwardInclude) {
     EXPECT_LT(LayerOf(QStringLiteral("core/error.h")), LayerOf(QStringLiteral("mainwindow/form1.h")));
     EXPECT_EQ(LayerOf(QStringLiteral("phonebook/store/dao.h")), LayerOf(QStringLiteral("core/globals.h")));
-    EXPECT_LT(LayerOf(QStringLiteral("support/controls/listview.h")), LayerOf(QStringLiteral("phonebook/login.h")));
+    EXPECT_LT(LayerOf(QStringLiteral("support/controls/listview.h")),
+              LayerOf(QStringLiteral("phonebook/login.h")));
     EXPECT_LT(LayerOf(QStringLiteral("trees/pedigree.h")), LayerOf(QStringLiteral("contactlist/listfill.h")));
     EXPECT_EQ(LayerOf(QStringLiteral("nowhere/file.h")), -1);
 }

@@ -2,15 +2,15 @@
 // enabling rules without a phonebook and by the list's selection, and the icons.
 #include "formtest.h"
 
+#include "app/mmain.h"
 #include "core/cfiledialog.h"
 #include "core/language.h"
-#include "app/mmain.h"
-#include "support/controls/icons.h"
+#include "mainwindow/connection.h"
 #include "mainwindow/statusbar.h"
 #include "phonebook/createdb.h"
-#include "mainwindow/connection.h"
 #include "phonebook/login.h"
 #include "preferences/mru.h"
+#include "support/controls/icons.h"
 #include "support/controls/imagelist.h"
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"

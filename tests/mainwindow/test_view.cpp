@@ -1,21 +1,21 @@
 // What the main window shows of a phonebook: the tree with its counts, the contacts of the node
 // and letter in force, their order, the fields of the selected contact, and the list and counts
 // following a new contact and a contact leaving its favorites.
-#include "card/cardentries.h"
-#include "card/cardform.h"
-#include "core/globals.h"
-#include "phonebook/store/daoimpl.h"
-#include "core/language.h"
-#include "core/commandids.h"
-#include "core/seams.h"
-#include "core/sendmail.h"
-#include "trees/treeselect.h"
 #include "app/mmain.h"
 #include "app/previnstance.h"
-#include "mainwindow/dockingpane.h"
+#include "card/cardentries.h"
+#include "card/cardform.h"
+#include "core/commandids.h"
+#include "core/globals.h"
+#include "core/language.h"
+#include "core/seams.h"
+#include "core/sendmail.h"
 #include "mainwindow/connection.h"
+#include "mainwindow/dockingpane.h"
 #include "mainwindow/form1.h"
+#include "phonebook/catpath.h"
 #include "phonebook/createdb.h"
+#include "phonebook/store/daoimpl.h"
 #include "preferences/mru.h"
 #include "preferences/settings.h"
 #include "support/controls/commandbars.h"
@@ -23,7 +23,7 @@
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"
 #include "support/fixture.h"
-#include "phonebook/catpath.h"
+#include "trees/treeselect.h"
 #include "trees/viewstate.h"
 
 #include <QHeaderView>
@@ -367,12 +367,14 @@ TEST_F(View, CommandsWithoutTheirActionStayDisabledWhateverTheState) {
     Form1& f = start();
     list().SetSelectedItem(list().ListItems(u"ID%1"_s.arg(ann)));
     f.MenuUpdate();
-    for (int id : {int(cmd::ContactDelete), int(cmd::ContactCopy), int(cmd::ToolsSearch), int(cmd::ToolsReport),
-                   int(cmd::FileCompactDB), int(cmd::HelpAbout), int(cmd::MainDelete), int(cmd::MainPreferences)}) {
+    for (int id :
+         {int(cmd::ContactDelete), int(cmd::ContactCopy), int(cmd::ToolsSearch), int(cmd::ToolsReport),
+          int(cmd::FileCompactDB), int(cmd::HelpAbout), int(cmd::MainDelete), int(cmd::MainPreferences)}) {
         EXPECT_FALSE(action(id)->Enabled()) << id;
         EXPECT_FALSE(action(id)->isEnabled()) << id;
     }
-    for (int id : {int(cmd::FileNew), int(cmd::ContactProperties), int(cmd::MainProperties), int(cmd::ViewRefresh)})
+    for (int id :
+         {int(cmd::FileNew), int(cmd::ContactProperties), int(cmd::MainProperties), int(cmd::ViewRefresh)})
         EXPECT_TRUE(action(id)->Enabled()) << id;
     // Closing the phonebook and opening it again enables the working commands only.
     mCommon::NotConnected(true);
@@ -404,13 +406,15 @@ TEST_F(View, AClickOnALinkValueOfTheDetailPaneOpensIt) {
     EXPECT_EQ(opened, QStringList{u"mailto:ann@zeta.example"_s});
     SetShellHandler(old);
 
-    EXPECT_EQ(mCommon::MailtoAddress(u"a@b.example"_s, u"Q & A\r\nnow"_s, u"Hi\n"_s, u"c@d"_s, QString(), QString()),
+    EXPECT_EQ(mCommon::MailtoAddress(u"a@b.example"_s, u"Q & A\r\nnow"_s, u"Hi\n"_s, u"c@d"_s, QString(),
+                                     QString()),
               u"mailto:a@b.example?Subject=Q%20%26%20A%0D%0Anow&Body=Hi%0A%0D%0A&CC=c@d"_s);
 }
 
-
 TEST_F(View, APhonebookOpenedReadOnlyRestrictsTheCommandsThatWrite) {
-    dao::Hooks().refuseOpen = [](const QString&, bool readOnly) { return readOnly ? 0 : qint32(dao::errPermission); };
+    dao::Hooks().refuseOpen = [](const QString&, bool readOnly) {
+        return readOnly ? 0 : qint32(dao::errPermission);
+    };
     Form1& f = start();
     dao::Hooks() = dao::TestHooks();
     EXPECT_TRUE(gFileReadOnly);

@@ -1,7 +1,7 @@
 // A new phonebook: what it holds, and what happens when it cannot be made.
+#include "app/mmain.h"
 #include "core/globals.h"
 #include "core/language.h"
-#include "app/mmain.h"
 #include "phonebook/createdb.h"
 #include "support/fixture.h"
 
@@ -15,7 +15,8 @@ using namespace mLanguageGobals;
 namespace {
 QStringList fieldNames(const dao::TableDef& t) {
     QStringList l;
-    for (const dao::Field& f : t.Fields) l << f.Name;
+    for (const dao::Field& f : t.Fields)
+        l << f.Name;
     return l;
 }
 QStringList rows(const QString& sql) {
@@ -23,7 +24,8 @@ QStringList rows(const QString& sql) {
     dao::Recordset rs = gDB.OpenRecordset(sql, dao::dbOpenSnapshot);
     for (; !rs.AtEOF(); rs.MoveNext()) {
         QStringList cells;
-        for (int i = 0; i < rs.FieldCount(); ++i) cells << (rs.Value(i).isNull() ? QStringLiteral("<null>") : rs.Text(i));
+        for (int i = 0; i < rs.FieldCount(); ++i)
+            cells << (rs.Value(i).isNull() ? QStringLiteral("<null>") : rs.Text(i));
         out << cells.join(QLatin1Char('|'));
     }
     return out;
@@ -34,14 +36,16 @@ using NewPhonebook = PhonebookTest;
 
 TEST_F(NewPhonebook, HoldsTheElevenTablesWithTheirFieldsAndIndexes) {
     dao::TableDefs defs = gDB.TableDefs();
-    EXPECT_EQ(defs.Names(), (QStringList{"CDs", "Types", "Paths", "Elements", "SearchWhat", "SearchWhere", "Categories",
-                                         "Boxes", "Borrows", "LoanHistory", "AccessMode"}));
+    EXPECT_EQ(defs.Names(), (QStringList{"CDs", "Types", "Paths", "Elements", "SearchWhat", "SearchWhere",
+                                         "Categories", "Boxes", "Borrows", "LoanHistory", "AccessMode"}));
     const dao::TableDef cds = defs.Item(QStringLiteral("CDs"));
     const QStringList f = fieldNames(cds);
     ASSERT_EQ(f.size(), 66);
-    EXPECT_EQ(f.mid(0, 8), (QStringList{"IDCD", "FileSystem", "DriveType", "ComputerName", "Label", "Drive_Folder", "TotalSize", "Comment"}));
-    EXPECT_EQ(f.mid(21, 12), (QStringList{"DateScan", "SN", "IDC", "IDX", "IDB", "IsLend", "LoanStart", "LoanComment", "IsFolder",
-                                          "ScannedArchives", "ContactNumber", "FullName"}));
+    EXPECT_EQ(f.mid(0, 8), (QStringList{"IDCD", "FileSystem", "DriveType", "ComputerName", "Label",
+                                        "Drive_Folder", "TotalSize", "Comment"}));
+    EXPECT_EQ(f.mid(21, 12),
+              (QStringList{"DateScan", "SN", "IDC", "IDX", "IDB", "IsLend", "LoanStart", "LoanComment",
+                           "IsFolder", "ScannedArchives", "ContactNumber", "FullName"}));
     EXPECT_EQ(f[39], QStringLiteral("Type1"));
     EXPECT_EQ(f[50], QStringLiteral("Type12"));
     EXPECT_EQ(f[51], QStringLiteral("Number1"));
@@ -56,9 +60,10 @@ TEST_F(NewPhonebook, HoldsTheElevenTablesWithTheirFieldsAndIndexes) {
     EXPECT_EQ(cds.FieldByName(QStringLiteral("DateScan")).DefaultValue.toString(), QStringLiteral("now"));
 
     EXPECT_EQ(fieldNames(defs.Item(QStringLiteral("Borrows"))),
-              (QStringList{"ID", "Name", "IDPARENT", "Pedigree", "Comment", "Address", "PhoneHome", "PhoneWork",
-                           "PhoneMobile", "Email", "Woman", "Catpath"}));
-    EXPECT_EQ(fieldNames(defs.Item(QStringLiteral("AccessMode"))), (QStringList{"FullPW", "ReadOnlyPW", "DefaultIsFull"}));
+              (QStringList{"ID", "Name", "IDPARENT", "Pedigree", "Comment", "Address", "PhoneHome",
+                           "PhoneWork", "PhoneMobile", "Email", "Woman", "Catpath"}));
+    EXPECT_EQ(fieldNames(defs.Item(QStringLiteral("AccessMode"))),
+              (QStringList{"FullPW", "ReadOnlyPW", "DefaultIsFull"}));
     const dao::TableDef elements = defs.Item(QStringLiteral("Elements"));
     ASSERT_EQ(elements.Indexes.size(), 3u);
     EXPECT_TRUE(elements.Indexes[0].Primary);
@@ -75,7 +80,8 @@ TEST_F(NewPhonebook, HoldsTheElevenTablesWithTheirFieldsAndIndexes) {
 }
 
 TEST_F(NewPhonebook, HoldsTheDefaultRowsAndTheirPaths) {
-    const QStringList cats = rows(QStringLiteral("SELECT ID, Name, IDPARENT, Pedigree, Catpath FROM Categories ORDER BY ID"));
+    const QStringList cats =
+        rows(QStringLiteral("SELECT ID, Name, IDPARENT, Pedigree, Catpath FROM Categories ORDER BY ID"));
     ASSERT_EQ(cats.size(), 13);
     EXPECT_EQ(cats[0], QStringLiteral("0|All categories|-1|ID0E|"));
     EXPECT_EQ(cats[1], QStringLiteral("1|Others|0|ID0EID1E|Others"));
@@ -86,16 +92,20 @@ TEST_F(NewPhonebook, HoldsTheDefaultRowsAndTheirPaths) {
     EXPECT_EQ(rows(QStringLiteral("SELECT ID, Name, IDPARENT, Catpath FROM Boxes ORDER BY ID")),
               (QStringList{"0|All groups|-1|", "1|Others|0|Others"}));
     EXPECT_EQ(rows(QStringLiteral("SELECT IDTYPE & ':' & Type FROM Types ORDER BY IDTYPE")),
-              (QStringList{"1:Home phone", "2:Work phone", "3:Mobile phone", "4:Fax", "5:Email", "6:MSN", "7:ICQ", "8:AOL", "9:Skype"}));
+              (QStringList{"1:Home phone", "2:Work phone", "3:Mobile phone", "4:Fax", "5:Email", "6:MSN",
+                           "7:ICQ", "8:AOL", "9:Skype"}));
     EXPECT_EQ(rows(QStringLiteral("SELECT * FROM AccessMode")), QStringList{"<null>|<null>|true"});
     for (const char* t : {"CDs", "Paths", "Elements", "SearchWhat", "SearchWhere", "LoanHistory"})
-        EXPECT_EQ(rows(QStringLiteral("SELECT Count(*) FROM ") + QString::fromLatin1(t)), QStringList{"0"}) << t;
+        EXPECT_EQ(rows(QStringLiteral("SELECT Count(*) FROM ") + QString::fromLatin1(t)), QStringList{"0"})
+            << t;
     EXPECT_FALSE(gFileReadOnly);
 }
 
 TEST_F(NewPhonebook, SortsAndComparesWithoutRegardToCase) {
-    for (const char* n : {"bob", "Alice", "carl", "Bea"}) addContact(QString::fromLatin1(n));
-    EXPECT_EQ(rows(QStringLiteral("SELECT FullName FROM CDs ORDER BY FullName")), (QStringList{"Alice", "Bea", "bob", "carl"}));
+    for (const char* n : {"bob", "Alice", "carl", "Bea"})
+        addContact(QString::fromLatin1(n));
+    EXPECT_EQ(rows(QStringLiteral("SELECT FullName FROM CDs ORDER BY FullName")),
+              (QStringList{"Alice", "Bea", "bob", "carl"}));
     EXPECT_EQ(rows(QStringLiteral("SELECT FullName FROM CDs WHERE FullName = 'BOB'")), QStringList{"bob"});
 }
 
@@ -128,7 +138,8 @@ TEST_F(CreateDB, AFullDiskLeavesNoFileAndSaysSo) {
     EXPECT_FALSE(QFile::exists(book));
     EXPECT_FALSE(gDBOpen);
     ASSERT_EQ(boxes.boxes.size(), 1);
-    EXPECT_TRUE(boxes.boxes[0].text.startsWith(msgCannotCreatePhonebookNoSpace + QStringLiteral("\n") + msgFreeSpace));
+    EXPECT_TRUE(boxes.boxes[0].text.startsWith(msgCannotCreatePhonebookNoSpace + QStringLiteral("\n") +
+                                               msgFreeSpace));
     EXPECT_EQ(boxes.boxes[0].icon, vb::vbCritical);
 }
 

@@ -1,9 +1,9 @@
 // Opening a phonebook: older formats brought up to date, files that are not phonebooks, the
 // read-only fallback and a file another program is writing.
+#include "app/mmain.h"
 #include "core/errorreport.h"
 #include "core/globals.h"
 #include "core/language.h"
-#include "app/mmain.h"
 #include "phonebook/createdb.h"
 #include "phonebook/login.h"
 #include "phonebook/upgrade.h"
@@ -31,7 +31,8 @@ void sql(const QString& file, const char* text) {
 QStringList column(const QString& jet) {
     QStringList out;
     dao::Recordset rs = gDB.OpenRecordset(jet, dao::dbOpenSnapshot);
-    for (; !rs.AtEOF(); rs.MoveNext()) out << (rs.Value(0).isNull() ? QStringLiteral("<null>") : rs.Text(0));
+    for (; !rs.AtEOF(); rs.MoveNext())
+        out << (rs.Value(0).isNull() ? QStringLiteral("<null>") : rs.Text(0));
     return out;
 }
 
@@ -41,23 +42,27 @@ enum Format { NoCategories, NoAccessMode, NoBoxes, NoPhoto, Current };
 QString olderPhonebook(const QString& file, Format format) {
     EXPECT_EQ(mAccess::CreateDB(file, false), 1);
     mMain::Closing();
-    if (format <= NoPhoto) sql(file, "ALTER TABLE CDs DROP COLUMN Photo; ALTER TABLE CDs DROP COLUMN PhotoExt; "
-                                     "ALTER TABLE CDs DROP COLUMN PhotoSize;");
-    if (format <= NoBoxes) sql(file, "DROP TABLE Boxes; ALTER TABLE CDs DROP COLUMN IDX; "
-                                     "ALTER TABLE Categories DROP COLUMN Catpath; ALTER TABLE Borrows DROP COLUMN Catpath;");
+    if (format <= NoPhoto)
+        sql(file, "ALTER TABLE CDs DROP COLUMN Photo; ALTER TABLE CDs DROP COLUMN PhotoExt; "
+                  "ALTER TABLE CDs DROP COLUMN PhotoSize;");
+    if (format <= NoBoxes)
+        sql(file, "DROP TABLE Boxes; ALTER TABLE CDs DROP COLUMN IDX; "
+                  "ALTER TABLE Categories DROP COLUMN Catpath; ALTER TABLE Borrows DROP COLUMN Catpath;");
     if (format <= NoAccessMode) sql(file, "DROP TABLE AccessMode;");
     if (format <= NoCategories)
-        sql(file, "DROP TABLE Categories; DROP TABLE Borrows; DROP TABLE LoanHistory; ALTER TABLE CDs DROP COLUMN IDC; "
+        sql(file, "DROP TABLE Categories; DROP TABLE Borrows; DROP TABLE LoanHistory; ALTER TABLE CDs DROP "
+                  "COLUMN IDC; "
                   "ALTER TABLE CDs DROP COLUMN IDB; ALTER TABLE CDs DROP COLUMN IsLend; "
                   "ALTER TABLE CDs DROP COLUMN LoanStart; ALTER TABLE CDs DROP COLUMN LoanComment;");
-    sql(file, "VACUUM; INSERT INTO CDs (IDCD, FullName, Label) VALUES (1, 'Ann Old', 'A'), (2, 'Bob Old', 'B');");
+    sql(file,
+        "VACUUM; INSERT INTO CDs (IDCD, FullName, Label) VALUES (1, 'Ann Old', 'A'), (2, 'Bob Old', 'B');");
     if (format >= NoCategories + 1) sql(file, "UPDATE CDs SET IDC = 3, IDB = 1 WHERE IDCD = 2;");
     if (format >= NoPhoto) sql(file, "UPDATE CDs SET IDC = 1 WHERE IDC IS NULL; UPDATE CDs SET IDX = 1;");
     return file;
 }
 
 class Login : public TempDirTest {
-protected:
+  protected:
     void TearDown() override {
         mMain::Closing();
         TempDirTest::TearDown();
@@ -72,35 +77,43 @@ protected:
 
 TEST_F(Login, TheOldestFormatGainsEveryTableAndItsOldDefaults) {
     ASSERT_TRUE(login(olderPhonebook(path(QStringLiteral("v1.kvdb")), NoCategories)));
-    EXPECT_EQ(column(QStringLiteral("SELECT Name FROM Categories ORDER BY ID")),
-              (QStringList{msgAllCategories, msgOthers, msgMusic, msgMovies, msgPhotos, msgSoftware, msgGames}));
-    EXPECT_EQ(column(QStringLiteral("SELECT Pedigree FROM Categories WHERE ID = 6")), QStringList{"ID0EID6E"});
-    EXPECT_EQ(column(QStringLiteral("SELECT Name FROM Borrows ORDER BY ID")), (QStringList{msgAllFavorites, "John Smith"}));
-    EXPECT_EQ(column(QStringLiteral("SELECT Name FROM Boxes ORDER BY ID")), (QStringList{msgAllGroups, msgOthers}));
+    EXPECT_EQ(
+        column(QStringLiteral("SELECT Name FROM Categories ORDER BY ID")),
+        (QStringList{msgAllCategories, msgOthers, msgMusic, msgMovies, msgPhotos, msgSoftware, msgGames}));
+    EXPECT_EQ(column(QStringLiteral("SELECT Pedigree FROM Categories WHERE ID = 6")),
+              QStringList{"ID0EID6E"});
+    EXPECT_EQ(column(QStringLiteral("SELECT Name FROM Borrows ORDER BY ID")),
+              (QStringList{msgAllFavorites, "John Smith"}));
+    EXPECT_EQ(column(QStringLiteral("SELECT Name FROM Boxes ORDER BY ID")),
+              (QStringList{msgAllGroups, msgOthers}));
     // Every contact lands in "Others" with no favorite, and in the group "Others".
     EXPECT_EQ(column(QStringLiteral("SELECT IDC & '/' & IDB & '/' & IDX FROM CDs ORDER BY IDCD")),
               (QStringList{"1/-1/1", "1/-1/1"}));
     EXPECT_EQ(column(QStringLiteral("SELECT Catpath FROM Categories WHERE ID = 4")), QStringList{msgPhotos});
-    EXPECT_EQ(column(QStringLiteral("SELECT Count(*) FROM AccessMode WHERE IsNull(FullPW) AND IsNull(ReadOnlyPW)")),
-              QStringList{"1"});
+    EXPECT_EQ(
+        column(QStringLiteral("SELECT Count(*) FROM AccessMode WHERE IsNull(FullPW) AND IsNull(ReadOnlyPW)")),
+        QStringList{"1"});
     EXPECT_TRUE(mAccess::CheckTableField(QStringLiteral("CDs"), QStringLiteral("Photo")));
     EXPECT_TRUE(mAccess::CheckTable(QStringLiteral("LoanHistory")));
     // The list query of the contact list finds them through the new trees.
-    EXPECT_EQ(column(QStringLiteral("SELECT CDs.FullName FROM (CDs INNER JOIN Categories ON CDs.IDC = Categories.ID) "
-                                    "INNER JOIN Boxes ON CDs.IDX = Boxes.ID ORDER BY CDs.IDCD")),
+    EXPECT_EQ(column(QStringLiteral(
+                  "SELECT CDs.FullName FROM (CDs INNER JOIN Categories ON CDs.IDC = Categories.ID) "
+                  "INNER JOIN Boxes ON CDs.IDX = Boxes.ID ORDER BY CDs.IDCD")),
               (QStringList{"Ann Old", "Bob Old"}));
 }
 
 TEST_F(Login, EachLaterFormatGainsOnlyWhatItLacks) {
     ASSERT_TRUE(login(olderPhonebook(path(QStringLiteral("v2.kvdb")), NoAccessMode)));
     EXPECT_EQ(column(QStringLiteral("SELECT Count(*) FROM AccessMode")), QStringList{"1"});
-    EXPECT_EQ(column(QStringLiteral("SELECT Count(*) FROM Categories")), QStringList{"13"}); // the new file's own rows stay
+    EXPECT_EQ(column(QStringLiteral("SELECT Count(*) FROM Categories")),
+              QStringList{"13"}); // the new file's own rows stay
     mMain::Closing();
 
     ASSERT_TRUE(login(olderPhonebook(path(QStringLiteral("v3.kvdb")), NoBoxes)));
     EXPECT_EQ(column(QStringLiteral("SELECT IDC & '/' & IDB & '/' & IDX FROM CDs ORDER BY IDCD")),
               (QStringList{"/-1/1", "3/1/1"})); // the first contact had no category yet
-    EXPECT_EQ(column(QStringLiteral("SELECT Catpath FROM Categories WHERE ID = 4")), QStringList{"Business/Customers"});
+    EXPECT_EQ(column(QStringLiteral("SELECT Catpath FROM Categories WHERE ID = 4")),
+              QStringList{"Business/Customers"});
     EXPECT_EQ(column(QStringLiteral("SELECT Catpath FROM Boxes ORDER BY ID")), (QStringList{"", msgOthers}));
     mMain::Closing();
 
@@ -115,7 +128,8 @@ TEST_F(Login, AContactWithoutAGroupMovesToOthersAtEveryOpen) {
     sql(file, "UPDATE CDs SET IDX = NULL; UPDATE Boxes SET Catpath = NULL;");
     ASSERT_TRUE(login(file));
     EXPECT_EQ(column(QStringLiteral("SELECT IDX FROM CDs")), (QStringList{"1", "1"}));
-    EXPECT_EQ(column(QStringLiteral("SELECT Catpath FROM Boxes WHERE ID = 1")), QStringList{msgOthers}); // paths redone
+    EXPECT_EQ(column(QStringLiteral("SELECT Catpath FROM Boxes WHERE ID = 1")),
+              QStringList{msgOthers}); // paths redone
 }
 
 TEST_F(Login, FilesThatAreNotPhonebooksAreRefusedAndLeftAlone) {
@@ -130,9 +144,10 @@ TEST_F(Login, FilesThatAreNotPhonebooksAreRefusedAndLeftAlone) {
     good.open(QIODevice::ReadOnly);
     const QByteArray whole = good.readAll();
     sql(path(QStringLiteral("other.db")), "CREATE TABLE notes(x); INSERT INTO notes VALUES (1);");
-    const QList<QPair<QString, QByteArray>> files{{QStringLiteral("text.kvdb"), "Dear Ann,\nthis is a letter.\n"},
-                                                  {QStringLiteral("empty.kvdb"), QByteArray()},
-                                                  {QStringLiteral("truncated.kvdb"), whole.left(whole.size() / 3)}};
+    const QList<QPair<QString, QByteArray>> files{
+        {QStringLiteral("text.kvdb"), "Dear Ann,\nthis is a letter.\n"},
+        {QStringLiteral("empty.kvdb"), QByteArray()},
+        {QStringLiteral("truncated.kvdb"), whole.left(whole.size() / 3)}};
     QStringList paths{path(QStringLiteral("other.db"))};
     for (const auto& f : files) {
         QFile out(path(f.first));
@@ -168,7 +183,8 @@ TEST_F(Login, AFileThatCannotBeWrittenOpensReadOnly) {
     ASSERT_TRUE(login(file));
     EXPECT_TRUE(gFileReadOnly);
     EXPECT_TRUE(gDB.ReadOnly());
-    EXPECT_EQ(column(QStringLiteral("SELECT FullName FROM CDs ORDER BY IDCD")), (QStringList{"Ann Old", "Bob Old"}));
+    EXPECT_EQ(column(QStringLiteral("SELECT FullName FROM CDs ORDER BY IDCD")),
+              (QStringList{"Ann Old", "Bob Old"}));
     mMain::Closing();
     // An older file that needs a step cannot take it read-only.
     fixture::MsgBoxRecorder boxes;

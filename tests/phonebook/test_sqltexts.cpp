@@ -33,7 +33,9 @@ const SqlText kSqlTexts[] =
 #include "sql_texts.inc"
     ;
 
-void PrintTo(const SqlText& t, std::ostream* os) { *os << t.where; }
+void PrintTo(const SqlText& t, std::ostream* os) {
+    *os << t.where;
+}
 
 const QByteArray kPhotoBytes = QByteArray::fromHex("474946383961");
 
@@ -47,7 +49,8 @@ void SeedPhonebook() {
         "INSERT INTO CDs (IDCD, ContactNumber, Label, FullName, Title, Company, Address, City, State, Zip, "
         "Comment, IDC, IDX, IDB, IsLend, LoanStart, LoanComment, DateScan, Type1, Number1, Type2, Number2, "
         "Photo, PhotoExt, PhotoSize) VALUES "
-        "(1, 1, 'A', 'Anna Smith', 'Sales Manager', 'Smith & Sons', '12 Elm Street' || char(13, 10) || 'Suite 4', "
+        "(1, 1, 'A', 'Anna Smith', 'Sales Manager', 'Smith & Sons', '12 Elm Street' || char(13, 10) || "
+        "'Suite 4', "
         " 'Boston', 'MA', '02134', 'Met at the fair' || char(13, 10) || 'Call in May', 4, 1, 1, 1, "
         " '2024-03-01 00:00:00', 'sent the catalogue', '2024-03-15 10:20:30', 1, '555-0101', 5, "
         " 'anna.smith@example.com', x'474946383961', 'gif', 6), "
@@ -56,15 +59,16 @@ void SeedPhonebook() {
         "(3, 3, 'O', 'Olivia O''Brien', 'Baker', 'O''Brien Bakery', NULL, 'New York', 'NY', '10001', NULL, "
         " 11, 1, 0, 1, '2024-02-01 00:00:00', NULL, '2023-12-31 23:00:00', 9, 'www.obrien.example', NULL, "
         " NULL, NULL, NULL, NULL), "
-        "(4, 4, 'NUM', '7 Eleven Store', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 1, NULL, -1, 0, NULL, NULL, "
+        "(4, 4, 'NUM', '7 Eleven Store', NULL, NULL, NULL, NULL, NULL, NULL, NULL, 1, NULL, -1, 0, NULL, "
+        "NULL, "
         " '2024-02-29 08:00:00', NULL, NULL, NULL, NULL, NULL, NULL, NULL)"));
-    gDB.ExecuteNative(QStringLiteral(
-        "INSERT INTO Paths (IDPATH, IDCD, Path, IsArchive) VALUES (1, 1, '/home/anna', 0), (2, 3, '/home/olivia', 0)"));
-    gDB.ExecuteNative(QStringLiteral(
-        "INSERT INTO Elements (ID, IDPATH, ElementName, IDPATHSELF) VALUES (1, 1, 'card.vcf', 1), (2, 2, 'menu.txt', 2)"));
-    gDB.ExecuteNative(QStringLiteral(
-        "INSERT INTO SearchWhere (IDCD, Path, \"Update\") VALUES "
-        "(1, 'smith', '2024-03-15 11:00:00'), (3, 'bakery', '2024-03-16 12:00:00')"));
+    gDB.ExecuteNative(QStringLiteral("INSERT INTO Paths (IDPATH, IDCD, Path, IsArchive) VALUES (1, 1, "
+                                     "'/home/anna', 0), (2, 3, '/home/olivia', 0)"));
+    gDB.ExecuteNative(QStringLiteral("INSERT INTO Elements (ID, IDPATH, ElementName, IDPATHSELF) VALUES (1, "
+                                     "1, 'card.vcf', 1), (2, 2, 'menu.txt', 2)"));
+    gDB.ExecuteNative(
+        QStringLiteral("INSERT INTO SearchWhere (IDCD, Path, \"Update\") VALUES "
+                       "(1, 'smith', '2024-03-15 11:00:00'), (3, 'bakery', '2024-03-16 12:00:00')"));
     gDB.ExecuteNative(QStringLiteral(
         "INSERT INTO LoanHistory (IDHistory, IDCD, IDB, IsLend, LoanStart, LoanEnd, LoanComment) VALUES "
         "(1, 1, 1, 1, '2024-02-01 00:00:00', '2024-02-20 00:00:00', 'first time')"));
@@ -72,7 +76,7 @@ void SeedPhonebook() {
 
 // A fresh phonebook made by the program's own create path, seeded; closed again afterwards.
 class PhonebookTest : public fixture::TempDirTest {
-protected:
+  protected:
     void SetUp() override {
         fixture::TempDirTest::SetUp();
         mLanguageEng::lngEng(); // the default rows take their names from the catalogue
@@ -100,7 +104,8 @@ TEST_P(SqlTextRuns, RunsOnAFreshPhonebook) {
         } else {
             dao::Recordset rs = gDB.OpenRecordset(sql, dao::dbOpenSnapshot);
             while (!rs.AtEOF()) {
-                for (int i = 0; i < rs.FieldCount(); ++i) (void)rs.Value(i);
+                for (int i = 0; i < rs.FieldCount(); ++i)
+                    (void)rs.Value(i);
                 rs.MoveNext();
             }
             rs.Close();
@@ -141,14 +146,16 @@ QString Sql(const char* where) {
 QVariantList Column(const QString& sql, const QString& field) {
     QVariantList values;
     dao::Recordset rs = gDB.OpenRecordset(sql, dao::dbOpenSnapshot);
-    for (; !rs.AtEOF(); rs.MoveNext()) values << rs[field];
+    for (; !rs.AtEOF(); rs.MoveNext())
+        values << rs[field];
     rs.Close();
     return values;
 }
 
 QList<int> Ints(const QString& sql, const QString& field, bool sorted = true) {
     QList<int> ints;
-    for (const QVariant& v : Column(sql, field)) ints << (v.isNull() ? -999 : v.toInt());
+    for (const QVariant& v : Column(sql, field))
+        ints << (v.isNull() ? -999 : v.toInt());
     if (sorted) std::sort(ints.begin(), ints.end());
     return ints;
 }
@@ -182,7 +189,8 @@ TEST_F(SqlTextResults, PedigreePatternTakesTheSubtreeButNoNodeWithALongerNumber)
     gDB.ExecuteNative(QStringLiteral("INSERT INTO Categories (ID, Name, IDPARENT, Pedigree, Catpath) "
                                      "VALUES (13, 'Abroad', 1, 'ID0EID1EID13E', 'Others/Abroad')"));
     EXPECT_EQ(Ints("SELECT * From Categories WHERE Pedigree Like '*ID1E*'", "ID"), (QList<int>{1, 13}));
-    EXPECT_EQ(Ints("SELECT * From Categories WHERE Pedigree Like '*ID2E*'", "ID"), (QList<int>{2, 9, 10, 11, 12}));
+    EXPECT_EQ(Ints("SELECT * From Categories WHERE Pedigree Like '*ID2E*'", "ID"),
+              (QList<int>{2, 9, 10, 11, 12}));
     EXPECT_EQ(Ints(Sql("move of category 7: the node and its subtree"), "ID"), QList<int>{7});
     EXPECT_EQ(Ints("SELECT CDs.IDCD FROM CDs INNER JOIN Categories ON CDs.IDC = Categories.ID "
                    "WHERE Categories.Pedigree Like '*ID3E*'",
@@ -195,10 +203,11 @@ TEST_F(SqlTextResults, PedigreePatternTakesTheSubtreeButNoNodeWithALongerNumber)
 }
 
 TEST_F(SqlTextResults, DeleteOfACategoryRemovesExactlyItsSubtreeContactsAndTheirRows) {
-    for (const char* step : {"delete of category 3: elements of its contacts", "delete of category 3: paths of its contacts",
-                             "delete of category 3: search history of its contacts",
-                             "delete of category 3: assignment history of its contacts",
-                             "delete of category 3: its contacts", "delete of category 3: the subtree rows"})
+    for (const char* step :
+         {"delete of category 3: elements of its contacts", "delete of category 3: paths of its contacts",
+          "delete of category 3: search history of its contacts",
+          "delete of category 3: assignment history of its contacts", "delete of category 3: its contacts",
+          "delete of category 3: the subtree rows"})
         gDB.Execute(Sql(step));
     EXPECT_EQ(Ints("SELECT * FROM Categories", "ID"), (QList<int>{0, 1, 2, 9, 10, 11, 12}));
     EXPECT_EQ(Ints("SELECT * FROM CDs", "IDCD"), (QList<int>{3, 4}));
@@ -227,7 +236,8 @@ TEST_F(SqlTextResults, ListQueryGivesOneRowPerContactWithItsPathsAndTypes) {
     const QString all = Sql("contact list: all contacts at the category root");
     EXPECT_EQ(Ints(all, "IDCD"), (QList<int>{1, 2, 3})); // contact 4 has no group and stays hidden
 
-    dao::Recordset rs = gDB.OpenRecordset(Sql("new or reassigned contact: its list row"), dao::dbOpenSnapshot);
+    dao::Recordset rs =
+        gDB.OpenRecordset(Sql("new or reassigned contact: its list row"), dao::dbOpenSnapshot);
     ASSERT_FALSE(rs.AtEOF());
     EXPECT_EQ(rs["FullName"].toString(), QStringLiteral("Anna Smith"));
     EXPECT_EQ(rs["Cat"].toString(), QStringLiteral("Business/Customers"));
@@ -264,7 +274,8 @@ TEST_F(SqlTextResults, TreeCountsFollowTheLetterTab) {
     const QList<int> counts = Ints(fill, "cnt", false);
     ASSERT_EQ(ids.size(), 13);
     EXPECT_EQ(ids.first(), 0);
-    for (int i = 1; i < ids.size(); ++i) EXPECT_TRUE(ids.mid(0, i).contains(parents[i])) << "node " << ids[i];
+    for (int i = 1; i < ids.size(); ++i)
+        EXPECT_TRUE(ids.mid(0, i).contains(parents[i])) << "node " << ids[i];
     EXPECT_EQ(counts[ids.indexOf(4)], 1);
     EXPECT_EQ(counts[ids.indexOf(3)], 1);
     EXPECT_EQ(counts[ids.indexOf(5)], 0);
@@ -286,7 +297,8 @@ TEST_F(SqlTextResults, SearchFindsWordsQuotesWildcardsAndDateLimits) {
     EXPECT_EQ(First(Sql("search with no text, added from 03/01/24: count"), "cnt").toInt(), 1);
     EXPECT_EQ(Ints(Sql("search with no text, added up to 12/31/23: rows"), "IDCD"), QList<int>{3});
     EXPECT_EQ(Ints(Sql("search smith added in the first quarter of 2024: rows"), "IDCD"), QList<int>{1});
-    EXPECT_EQ(Ints(Sql("search with no text and boxes ticked: every contact"), "IDCD"), (QList<int>{1, 2, 3}));
+    EXPECT_EQ(Ints(Sql("search with no text and boxes ticked: every contact"), "IDCD"),
+              (QList<int>{1, 2, 3}));
 }
 
 TEST_F(SqlTextResults, RemoveFromFavoritesWritesHistoryOnlyBelowTheRoot) {
@@ -331,8 +343,10 @@ TEST_F(SqlTextResults, DeletedNumberTypeLeavesTheNumberWithoutType) {
 }
 
 TEST_F(SqlTextResults, ReportFollowsItsOrderAndShortPaths) {
-    EXPECT_EQ(Ints(Sql("report of contacts 1, 2, 3 by company, descending"), "IDCD", false), (QList<int>{1, 3, 2}));
-    EXPECT_EQ(Ints(Sql("report of contacts 1, 2, 3 by title, descending"), "IDCD", false), (QList<int>{1, 2, 3}));
+    EXPECT_EQ(Ints(Sql("report of contacts 1, 2, 3 by company, descending"), "IDCD", false),
+              (QList<int>{1, 3, 2}));
+    EXPECT_EQ(Ints(Sql("report of contacts 1, 2, 3 by title, descending"), "IDCD", false),
+              (QList<int>{1, 2, 3}));
     EXPECT_EQ(Ints(Sql("report of contacts 1, 2, 3 by category path"), "IDCD", false), (QList<int>{2, 1, 3}));
     EXPECT_EQ(First(Sql("report of contacts 1, 2, 3 by full name"), "Category").toString(),
               QStringLiteral("Business/Customers"));
@@ -345,7 +359,8 @@ TEST_F(SqlTextResults, ReportFollowsItsOrderAndShortPaths) {
 TEST_F(SqlTextResults, StatisticsCountContactsPerLetter) {
     const QString sql = Sql("statistics: contacts per letter");
     QStringList letters;
-    for (const QVariant& v : Column(sql, QStringLiteral("Letter"))) letters << v.toString();
+    for (const QVariant& v : Column(sql, QStringLiteral("Letter")))
+        letters << v.toString();
     EXPECT_EQ(letters, (QStringList{"A", "B", "NUM", "O"}));
     EXPECT_EQ(Ints(sql, "cnt"), (QList<int>{1, 1, 1, 1}));
 }

@@ -24,17 +24,20 @@ qint32 errorOf(const std::function<void()>& f) {
 using Store = PhonebookTest;
 
 TEST_F(Store, RecordsetReadsWritesAndDeletesThroughOneTable) {
-    for (const char* n : {"Ann", "Bob", "Cy"}) addContact(QString::fromLatin1(n));
+    for (const char* n : {"Ann", "Bob", "Cy"})
+        addContact(QString::fromLatin1(n));
     dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs WHERE IDCD >= 2"));
     ASSERT_FALSE(rs.AtEOF());
-    EXPECT_EQ(rs[QStringLiteral("fullname")].toString(), QStringLiteral("Bob")); // names without regard to case
+    EXPECT_EQ(rs[QStringLiteral("fullname")].toString(),
+              QStringLiteral("Bob")); // names without regard to case
     EXPECT_EQ(rs[QStringLiteral("IDB")].toInt(), -1);
     EXPECT_EQ(rs[QStringLiteral("DateScan")].typeId(), QMetaType::QDateTime); // the insert's time, as a date
     EXPECT_LE(qAbs(rs[QStringLiteral("DateScan")].toDateTime().secsTo(QDateTime::currentDateTime())), 5);
     rs.Edit();
     rs.SetValue(QStringLiteral("City"), QStringLiteral("Oslo"));
     rs.Update();
-    EXPECT_EQ(rs[QStringLiteral("City")].toString(), QStringLiteral("Oslo")); // the current row shows the write
+    EXPECT_EQ(rs[QStringLiteral("City")].toString(),
+              QStringLiteral("Oslo")); // the current row shows the write
     rs.MoveNext();
     rs.Delete();
     rs.MoveNext();
@@ -45,9 +48,11 @@ TEST_F(Store, RecordsetReadsWritesAndDeletesThroughOneTable) {
     rs.SetValue(QStringLiteral("FullName"), QStringLiteral("Dee"));
     rs.Update();
     rs.Close();
-    EXPECT_EQ(scalar(QStringLiteral("SELECT City FROM CDs WHERE IDCD = 2")).toString(), QStringLiteral("Oslo"));
+    EXPECT_EQ(scalar(QStringLiteral("SELECT City FROM CDs WHERE IDCD = 2")).toString(),
+              QStringLiteral("Oslo"));
     EXPECT_TRUE(scalar(QStringLiteral("SELECT IDCD FROM CDs WHERE FullName = 'Cy'")).isNull());
-    EXPECT_EQ(scalar(QStringLiteral("SELECT ContactNumber FROM CDs WHERE IDCD = 9")).toInt(), 0); // column default
+    EXPECT_EQ(scalar(QStringLiteral("SELECT ContactNumber FROM CDs WHERE IDCD = 9")).toInt(),
+              0); // column default
     EXPECT_EQ(scalar(QStringLiteral("SELECT Count(*) FROM CDs")).toInt(), 3);
 }
 
@@ -55,7 +60,8 @@ TEST_F(Store, ValuesKeepTheirKindsThroughTheFile) {
     dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs"));
     const QDateTime when(QDate(2024, 2, 29), QTime(23, 59, 58));
     QByteArray photo(70000, '\0');
-    for (int i = 0; i < photo.size(); ++i) photo[i] = char(i * 7);
+    for (int i = 0; i < photo.size(); ++i)
+        photo[i] = char(i * 7);
     rs.AddNew();
     rs.SetValue(QStringLiteral("IDCD"), 1);
     rs.SetValue(QStringLiteral("Hidden"), true);
@@ -76,7 +82,10 @@ TEST_F(Store, ValuesKeepTheirKindsThroughTheFile) {
     EXPECT_EQ(rs.FieldSize(QStringLiteral("Photo")), photo.size());
     EXPECT_EQ(rs.GetChunk(QStringLiteral("Photo"), 32768, 100), photo.mid(32768, 100));
     EXPECT_EQ(rs[QStringLiteral("Photo")].toByteArray(), photo);
-    EXPECT_EQ(scalar(QStringLiteral("SELECT Count(*) FROM CDs WHERE LoanStart > #02/28/24# AND LoanStart < #03/01/24#")).toInt(), 1);
+    EXPECT_EQ(scalar(QStringLiteral(
+                         "SELECT Count(*) FROM CDs WHERE LoanStart > #02/28/24# AND LoanStart < #03/01/24#"))
+                  .toInt(),
+              1);
     EXPECT_EQ(scalar(QStringLiteral("SELECT Count(*) FROM CDs WHERE FullName Like 'zo? *'")).toInt(), 1);
     EXPECT_TRUE(scalar(QStringLiteral("SELECT Null Like 'a*' FROM CDs")).isNull());
 }
@@ -146,22 +155,31 @@ TEST_F(Store, TypedReadsAgreeWithValues) {
 
 TEST_F(Store, TheFileRefusesWhatJetRefused) {
     addContact(QStringLiteral("Ann"));
-    EXPECT_EQ(errorOf([] { gDB.Execute(QStringLiteral("UPDATE CDs SET PhotoExt = '1234567890123456'")); }), dao::errFieldTooLong);
-    EXPECT_EQ(errorOf([] { gDB.Execute(QStringLiteral("UPDATE CDs SET FullName = ''")); }), dao::errZeroLength);
-    EXPECT_EQ(errorOf([] { gDB.Execute(QStringLiteral("UPDATE CDs SET Label = ''")); }), 0); // zero length allowed there
-    EXPECT_EQ(errorOf([] { gDB.Execute(QStringLiteral("INSERT INTO Categories (ID, Name) VALUES (3, 'Twin')")); }),
-              dao::errDuplicateKey);
+    EXPECT_EQ(errorOf([] { gDB.Execute(QStringLiteral("UPDATE CDs SET PhotoExt = '1234567890123456'")); }),
+              dao::errFieldTooLong);
+    EXPECT_EQ(errorOf([] { gDB.Execute(QStringLiteral("UPDATE CDs SET FullName = ''")); }),
+              dao::errZeroLength);
+    EXPECT_EQ(errorOf([] { gDB.Execute(QStringLiteral("UPDATE CDs SET Label = ''")); }),
+              0); // zero length allowed there
+    EXPECT_EQ(
+        errorOf([] { gDB.Execute(QStringLiteral("INSERT INTO Categories (ID, Name) VALUES (3, 'Twin')")); }),
+        dao::errDuplicateKey);
     EXPECT_EQ(errorOf([] { gDB.Execute(QStringLiteral("SELECT Count(*) FROM CDs")); }), 3065);
-    EXPECT_EQ(errorOf([] { gDB.OpenRecordset(QStringLiteral("SELECT * FROM Nowhere")); }), dao::errItemNotFound);
-    EXPECT_EQ(errorOf([] { gDB.OpenRecordset(QStringLiteral("SELECT Missing FROM CDs")); }), dao::errItemNotFound);
-    EXPECT_EQ(errorOf([] { gDB.OpenRecordset(QStringLiteral("SELECT Count(*) FROM CDs"), dao::dbOpenSnapshot).Edit(); }),
+    EXPECT_EQ(errorOf([] { gDB.OpenRecordset(QStringLiteral("SELECT * FROM Nowhere")); }),
+              dao::errItemNotFound);
+    EXPECT_EQ(errorOf([] { gDB.OpenRecordset(QStringLiteral("SELECT Missing FROM CDs")); }),
+              dao::errItemNotFound);
+    EXPECT_EQ(errorOf([] {
+                  gDB.OpenRecordset(QStringLiteral("SELECT Count(*) FROM CDs"), dao::dbOpenSnapshot).Edit();
+              }),
               dao::errNotUpdatable);
     // A text of exactly the field's size is fine, and so is one with characters beyond ASCII.
     EXPECT_EQ(errorOf([] { gDB.Execute(QStringLiteral("UPDATE CDs SET PhotoExt = 'ééééééééééééééé'")); }), 0);
 }
 
 TEST_F(Store, MovingAroundAndFinding) {
-    for (const char* n : {"Ann", "Bob", "Cy", "Dan"}) addContact(QString::fromLatin1(n));
+    for (const char* n : {"Ann", "Bob", "Cy", "Dan"})
+        addContact(QString::fromLatin1(n));
     dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT IDCD, FullName FROM CDs ORDER BY IDCD"));
     EXPECT_EQ(rs.RecordCount(), 1); // rows reached so far
     rs.MoveLast();
@@ -198,7 +216,8 @@ TEST_F(Store, TransactionsCommitNestAndRollBack) {
     gDB.Execute(QStringLiteral("UPDATE Categories SET Name = 'Renamed' WHERE ID = 3"));
     gWS.Rollback();
     EXPECT_EQ(scalar(QStringLiteral("SELECT Count(*) FROM CDs")).toInt(), 1);
-    EXPECT_EQ(scalar(QStringLiteral("SELECT Name FROM Categories WHERE ID = 3")).toString(), QStringLiteral("Business"));
+    EXPECT_EQ(scalar(QStringLiteral("SELECT Name FROM Categories WHERE ID = 3")).toString(),
+              QStringLiteral("Business"));
     EXPECT_EQ(errorOf([] { gWS.CommitTrans(); }), dao::errTransaction);
 }
 
@@ -218,7 +237,8 @@ TEST_F(Store, OneWriterAtATime) {
     dao::Workspace third;
     dao::Database r2 = third.OpenDatabase(m_path, false, true);
     EXPECT_EQ(errorOf([&] { third.OpenDatabase(m_path, false, false); }), dao::errLocked);
-    EXPECT_EQ(errorOf([&] { r1.Execute(QStringLiteral("DELETE * FROM CDs")); }), dao::errPathFile); // read-only
+    EXPECT_EQ(errorOf([&] { r1.Execute(QStringLiteral("DELETE * FROM CDs")); }),
+              dao::errPathFile); // read-only
     r1.Close();
     r2.Close();
     dao::Database w = third.OpenDatabase(m_path, false, false);
@@ -244,7 +264,8 @@ TEST_F(Store, OnlyPhonebooksOpen) {
     sqlite3_exec(other, "CREATE TABLE notes(x); INSERT INTO notes VALUES (1);", nullptr, nullptr, nullptr);
     sqlite3_close(other);
     const QStringList files{write(QStringLiteral("text.kvdb"), "just some text, not a phonebook\n"),
-                            write(QStringLiteral("empty.kvdb"), QByteArray()), path(QStringLiteral("other.db")),
+                            write(QStringLiteral("empty.kvdb"), QByteArray()),
+                            path(QStringLiteral("other.db")),
                             write(QStringLiteral("short.kvdb"), whole.left(50))};
     dao::Workspace ws;
     for (const QString& f : files) {
@@ -259,8 +280,10 @@ TEST_F(Store, LookupsOfOneValue) {
     gDB.Execute(QStringLiteral("UPDATE CDs SET Drive_Folder = '/media/cd' WHERE IDCD = %1").arg(id));
     EXPECT_EQ(mCommon::GetDiskPath(QStringLiteral("ID%1").arg(id)), QStringLiteral("/media/cd"));
     EXPECT_EQ(mCommon::GetDiskPath(QStringLiteral("ID99")), QString());
-    gDB.Execute(QStringLiteral("INSERT INTO Paths (IDPATH, IDCD, Path, IsArchive) VALUES (4, 1, '/media/cd/docs', True)"));
-    gDB.Execute(QStringLiteral("INSERT INTO Elements (ID, IDPATH, ElementName, IDPATHSELF) VALUES (7, 4, 'a.txt', 70)"));
+    gDB.Execute(QStringLiteral(
+        "INSERT INTO Paths (IDPATH, IDCD, Path, IsArchive) VALUES (4, 1, '/media/cd/docs', True)"));
+    gDB.Execute(QStringLiteral(
+        "INSERT INTO Elements (ID, IDPATH, ElementName, IDPATHSELF) VALUES (7, 4, 'a.txt', 70)"));
     bool inside = false;
     EXPECT_EQ(mCommon::GetElementPath(QStringLiteral("ID7"), inside), QStringLiteral("/media/cd/docs/a.txt"));
     EXPECT_TRUE(inside);

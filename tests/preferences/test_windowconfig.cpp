@@ -7,14 +7,14 @@
 #include "support/fixture.h"
 
 #include <QDialog>
-#include <QLabel>
-#include <QTest>
-#include <QVBoxLayout>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QListView>
 #include <QMainWindow>
 #include <QScreen>
+#include <QTest>
 #include <QTreeView>
+#include <QVBoxLayout>
 
 using namespace mRegSettings;
 

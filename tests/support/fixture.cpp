@@ -19,7 +19,8 @@ void SetUpProcess() {
     mLanguageEng::lngEng();
     QCoreApplication::setOrganizationName(QStringLiteral("Kelvarin"));
     QCoreApplication::setApplicationName(QStringLiteral("Kelvarin"));
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.path() + QStringLiteral("/.config"));
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
+                       home.path() + QStringLiteral("/.config"));
     // A message box nobody expected fails the test instead of waiting for a person.
     SetMsgBoxHandler([](const QString& text, int, int, const QString&) {
         ADD_FAILURE() << "unexpected message box: " << text.toStdString();
@@ -42,11 +43,14 @@ MsgBoxRecorder::MsgBoxRecorder(int a) : answer(a) {
     });
 }
 
-MsgBoxRecorder::~MsgBoxRecorder() { SetMsgBoxHandler(m_old); }
+MsgBoxRecorder::~MsgBoxRecorder() {
+    SetMsgBoxHandler(m_old);
+}
 
 QStringList MsgBoxRecorder::texts() const {
     QStringList l;
-    for (const Box& b : boxes) l << b.text;
+    for (const Box& b : boxes)
+        l << b.text;
     return l;
 }
 
@@ -57,19 +61,23 @@ ModalRecorder::ModalRecorder(std::function<int(QDialog*)> act) : m_act(std::move
     });
 }
 
-ModalRecorder::~ModalRecorder() { SetModalHandler(m_old); }
+ModalRecorder::~ModalRecorder() {
+    SetModalHandler(m_old);
+}
 
 void TempDirTest::SetUp() {
     ASSERT_TRUE(m_dir.isValid());
     QSettings().clear();
 }
 
-void TempDirTest::TearDown() { QSettings().clear(); }
+void TempDirTest::TearDown() {
+    QSettings().clear();
+}
 
 } // namespace fixture
 
-#include "core/globals.h"
 #include "app/mmain.h"
+#include "core/globals.h"
 #include "phonebook/createdb.h"
 
 namespace fixture {

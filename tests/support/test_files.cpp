@@ -50,7 +50,9 @@ TEST_F(FilesOnDisk, FreeSpaceOfAFileNotYetMade) {
         << detailed.toStdString();
     // The short form is the detailed one without its rounded part (free space moves between calls,
     // so only the shape is compared).
-    EXPECT_TRUE(QRegularExpression(QStringLiteral("^[0-9,]+ bytes$")).match(mDrive::GetFreeSpace(future, false)).hasMatch());
+    EXPECT_TRUE(QRegularExpression(QStringLiteral("^[0-9,]+ bytes$"))
+                    .match(mDrive::GetFreeSpace(future, false))
+                    .hasMatch());
     EXPECT_EQ(mDrive::GetFreeSpace(QString(), true), QString());
 }
 

@@ -12,7 +12,9 @@
 
 using namespace Qt::StringLiterals;
 
-static void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+static void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
@@ -24,7 +26,8 @@ class Form14Test : public fixture::PhonebookTest {
     }
     static QStringList children(const TreeNode* node) {
         QStringList texts;
-        for (const TreeNode* c = node->Child(); c; c = c->Next()) texts << c->Text();
+        for (const TreeNode* c = node->Child(); c; c = c->Next())
+            texts << c->Text();
         return texts;
     }
 };

@@ -6,9 +6,9 @@
 #include "contactlist/columns.h"
 #include "contactlist/listfill.h"
 #include "core/globals.h"
+#include "phonebook/catpath.h"
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"
-#include "phonebook/catpath.h"
 #include "trees/catproperties.h"
 #include "trees/form20.h"
 #include "trees/treefill.h"
@@ -21,7 +21,9 @@
 
 using namespace Qt::StringLiterals;
 
-static void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+static void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
 
 namespace {
 
@@ -39,8 +41,12 @@ class Form20Test : public fixture::PhonebookTest {
         mLV::UpdateCatPathAll();
         bob = u"ID%1"_s.arg(addContact(u"Bob"_s, 14));
         mTV::CategoryFill({tree, true}, 0);
-        mTV::Hooks().UpdateCatInList = [this](const QString& k, const QString& n) { mLV::UpdateCatInList(list2, k, n); };
-        mTV::Hooks().SetNodeRowComment = [](ListItem& row, const QString& c) { row.SetCellText(mLV::cellComment, c); };
+        mTV::Hooks().UpdateCatInList = [this](const QString& k, const QString& n) {
+            mLV::UpdateCatInList(list2, k, n);
+        };
+        mTV::Hooks().SetNodeRowComment = [](ListItem& row, const QString& c) {
+            row.SetCellText(mLV::cellComment, c);
+        };
     }
     void TearDown() override {
         mTV::Hooks() = mTV::ViewHooks();
@@ -54,7 +60,8 @@ class Form20Test : public fixture::PhonebookTest {
         mLV::FillDriveList(list2, CurrentLetter, key);
     }
     QString field(const QString& name, int id) {
-        return scalar(u"SELECT IIf(IsNull(%1), '<null>', %1) FROM Categories WHERE ID = %2"_s.arg(name).arg(id))
+        return scalar(
+                   u"SELECT IIf(IsNull(%1), '<null>', %1) FROM Categories WHERE ID = %2"_s.arg(name).arg(id))
             .toString();
     }
 
@@ -132,7 +139,8 @@ TEST_F(Form20Test, ANewNodeGoesUnderTheSelectedNodeWithItsComment) {
     frm.fdName->setText(u"Prospects"_s);
     frm.fdComment->setPlainText(u"Met at the fair"_s);
     frm.bnOK_Click();
-    EXPECT_EQ(field(u"Comment"_s, 15) + u"|"_s + field(u"Catpath"_s, 15), u"Met at the fair|Business/Prospects"_s);
+    EXPECT_EQ(field(u"Comment"_s, 15) + u"|"_s + field(u"Catpath"_s, 15),
+              u"Met at the fair|Business/Prospects"_s);
     ASSERT_NE(tree.Nodes(u"ID15"_s), nullptr);
     EXPECT_EQ(tree.Nodes(u"ID15"_s)->Parent()->Key(), u"ID3"_s);
     EXPECT_EQ(tree.Nodes(u"ID15"_s)->Text(), u"Prospects (0)"_s);

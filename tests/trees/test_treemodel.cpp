@@ -3,9 +3,9 @@
 #include "support/fixture.h"
 
 #include "core/globals.h"
+#include "phonebook/catpath.h"
 #include "support/controls/treeview.h"
 #include "support/helpers/keys.h"
-#include "phonebook/catpath.h"
 #include "trees/membership.h"
 #include "trees/movecategory.h"
 #include "trees/pedigree.h"

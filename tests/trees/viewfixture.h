@@ -3,13 +3,13 @@
 // and the hooks the window fills wired to the real procedures or to recorders.
 #include "support/fixture.h"
 
+#include "contactlist/checktab.h"
 #include "contactlist/columns.h"
 #include "contactlist/listfill.h"
 #include "contactlist/listhooks.h"
 #include "core/globals.h"
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"
-#include "contactlist/checktab.h"
 #include "trees/counters.h"
 #include "trees/treefill.h"
 #include "trees/viewhooks.h"
@@ -32,8 +32,12 @@ class TreeViewTest : public fixture::PhonebookTest {
             mToolBar::CheckTab(view, k, ck, f);
         };
         hooks.UpdateCounters = [this] { mTV::UpdateCounters(tree); };
-        hooks.UpdateCatInList = [this](const QString& k, const QString& n) { mLV::UpdateCatInList(list2, k, n); };
-        hooks.SetNodeRowComment = [](ListItem& row, const QString& c) { row.SetCellText(mLV::cellComment, c); };
+        hooks.UpdateCatInList = [this](const QString& k, const QString& n) {
+            mLV::UpdateCatInList(list2, k, n);
+        };
+        hooks.SetNodeRowComment = [](ListItem& row, const QString& c) {
+            row.SetCellText(mLV::cellComment, c);
+        };
         hooks.SetNoImage = [this] { ++noImage; };
         hooks.LoadPhotoFromDB = [this](const dao::Recordset& rs) { photos << rs[u"IDCD"_s].toInt(); };
         hooks.CategoryCaption = [this](qint16 mode) { captions << mode; };
