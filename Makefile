@@ -5,7 +5,7 @@ BUILD    ?= build
 JOBS     ?= $(shell nproc 2>/dev/null || echo 2)
 SUDO     := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
-.PHONY: all deps configure build run test bench format format-check clean
+.PHONY: all deps configure build run test bench fuzz format format-check clean
 
 all: build
 
@@ -36,6 +36,36 @@ test: build format-check
 
 bench: build
 	./$(BUILD)/kelvarin-bench
+
+# Fuzzing of the data library: clang's libFuzzer with AddressSanitizer and UndefinedBehaviorSanitizer,
+# in a build folder of its own. Each target runs FUZZ_RUNS inputs; any crash or sanitizer report fails.
+FUZZ_PACKAGES := clang libclang-rt-dev llvm cmake make pkg-config qt6-base-dev libsqlite3-dev
+FUZZ_BUILD    ?= build-fuzz
+FUZZ_RUNS     ?= 1000000
+FUZZ_TARGETS  := translator like helpers recordset
+
+fuzz:
+	@missing=""; for p in $(FUZZ_PACKAGES); do dpkg -s $$p >/dev/null 2>&1 || missing="$$missing $$p"; done; \
+	if [ -n "$$missing" ]; then \
+	  echo "Installing:$$missing"; \
+	  $(SUDO) apt-get update -qq && DEBIAN_FRONTEND=noninteractive $(SUDO) apt-get install -y -qq $$missing; \
+	fi
+	@[ -f $(FUZZ_BUILD)/CMakeCache.txt ] || cmake -S fuzz -B $(FUZZ_BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=clang++
+	cmake --build $(FUZZ_BUILD) -j $(JOBS)
+	@for t in $(FUZZ_TARGETS); do \
+	  mkdir -p $(FUZZ_BUILD)/corpus/$$t; \
+	  dict=""; [ -f fuzz/$$t.dict ] && dict="-dict=fuzz/$$t.dict"; \
+	  flags=$$(cat fuzz/$$t.flags 2>/dev/null); \
+	  echo "== fuzz_$$t: $(FUZZ_RUNS) runs"; \
+	  start=$$(date +%s%N); \
+	  UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+	    ./$(FUZZ_BUILD)/fuzz_$$t -runs=$(FUZZ_RUNS) -timeout=10 -print_final_stats=1 -artifact_prefix=$(FUZZ_BUILD)/ $$dict $$flags \
+	    $(FUZZ_BUILD)/corpus/$$t $$( [ -d fuzz/seeds/$$t ] && echo fuzz/seeds/$$t ) \
+	    > $(FUZZ_BUILD)/fuzz_$$t.log 2>&1 || { tail -n 60 $(FUZZ_BUILD)/fuzz_$$t.log; echo "fuzz_$$t failed: see $(FUZZ_BUILD)/fuzz_$$t.log"; exit 1; }; \
+	  end=$$(date +%s%N); \
+	  grep -E "^(Done|stat::number_of_executed_units|stat::average_exec_per_sec)" $(FUZZ_BUILD)/fuzz_$$t.log; \
+	  echo "fuzz_$$t: $$(( (end - start) / 1000000 )) ms"; \
+	done
 
 FORMATTED = $$(git ls-files 'src/*.cpp' 'src/*.h' 'tests/*.cpp' 'tests/*.h' 'bench/*.cpp' 'bench/*.h' 'fuzz/*.cpp' 'fuzz/*.h')
 

@@ -374,6 +374,7 @@ TEST_F(Store, ClosingTheFileWithARecordsetOpenLetsTheFileGo) {
     addContact(QStringLiteral("Bob"));
     dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs")); // reading: the file is held
     gDB.Close();
+    EXPECT_FALSE(rs.isOpen());
     EXPECT_EQ(errorOf([&] { rs.MoveNext(); }), dao::errObjectInvalid);
     EXPECT_EQ(errorOf([&] { rs.Value(0); }), dao::errObjectInvalid);
     gDB = gWS.OpenDatabase(m_path, false, false);

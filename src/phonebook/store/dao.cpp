@@ -14,6 +14,7 @@ namespace dao {
 
 namespace {
 
+constexpr size_t kCachedStatements = 128;
 constexpr int kApplicationId = 0x4B564442; // "KVDB"
 
 // A byte beyond those SQLite locks. A writable open holds it exclusively, so it keeps out every
@@ -348,6 +349,9 @@ sqlite3_stmt* DatabaseImpl::cached(const QString& sql) {
         return s;
     }
     Statement s = prepare(sql, sql);
+    // The writes of one recordset name their fields in the order they were set: a long session
+    // may make many. The cache starts afresh rather than grow without end.
+    if (cache.size() >= kCachedStatements) cache.clear();
     return cache.emplace(sql, std::move(s)).first->second.get();
 }
 

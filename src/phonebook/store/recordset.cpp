@@ -185,7 +185,7 @@ Recordset Database::OpenRecordset(const QString& jetSql, RecordsetType type) {
 }
 
 bool Recordset::isOpen() const {
-    return d && (d->stmt || d->materialised);
+    return d && d->db && d->db->db && (d->stmt || d->materialised); // closing the database closes it too
 }
 bool Recordset::AtEOF() const {
     return !d || d->eof;
