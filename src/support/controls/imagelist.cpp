@@ -1,11 +1,12 @@
 #include "support/controls/imagelist.h"
 
+#include "support/controls/appcache.h"
+
 #include <QPainter>
 #include <QPixmap>
 
 ImageList& ImageList::Shared() {
-    static ImageList list;
-    return list;
+    return AppCached<ImageList>([] { return ImageList(); });
 }
 
 void ImageList::Add(const QString& key, const QIcon& icon) {
@@ -28,7 +29,7 @@ QIcon ImageList::Icon(const QString& key) const {
 
 QIcon ImageList::NeutralIcon() {
     // A grey outlined square: it keeps rows aligned and shows that an icon is missing.
-    static const QIcon icon = [] {
+    return AppCached<QIcon>([] {
         QPixmap pm(16, 16);
         pm.fill(Qt::transparent);
         QPainter p(&pm);
@@ -37,6 +38,5 @@ QIcon ImageList::NeutralIcon() {
         p.drawRect(2, 2, 11, 11);
         p.end();
         return QIcon(pm);
-    }();
-    return icon;
+    });
 }

@@ -1,5 +1,7 @@
 #include "support/controls/listmodel.h"
 
+#include "support/controls/appcache.h"
+
 #include "support/controls/columnheader.h"
 #include "support/controls/imagelist.h"
 #include "support/controls/listitem.h"
@@ -10,6 +12,7 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QPolygon>
+#include <array>
 
 namespace {
 
@@ -38,9 +41,11 @@ QIcon triangle(const QPolygon& corners) {
 
 // The two sort arrows of the header, drawn here: 1 points down (descending), 2 up (ascending).
 QIcon sortArrow(int icon) {
-    static const QIcon arrows[2] = {triangle(QPolygon({QPoint(0, 2), QPoint(8, 2), QPoint(4, 7)})),
+    static const auto make = [] {
+        return std::array<QIcon, 2>{triangle(QPolygon({QPoint(0, 2), QPoint(8, 2), QPoint(4, 7)})),
                                     triangle(QPolygon({QPoint(0, 7), QPoint(8, 7), QPoint(4, 2)}))};
-    return icon == 1 || icon == 2 ? arrows[icon - 1] : QIcon();
+    };
+    return icon == 1 || icon == 2 ? AppCached<std::array<QIcon, 2>>(make)[icon - 1] : QIcon();
 }
 
 } // namespace
