@@ -3,6 +3,7 @@
 #include "contactlist/listhooks.h"
 #include "contactlist/listsortkeys.h"
 #include "contactlist/listupdate.h"
+#include "core/commandids.h"
 #include "core/error.h"
 #include "support/controls/listview.h"
 
@@ -32,10 +33,8 @@ struct RuleWords {
 const RuleWords kContactWords{QLatin1String("ADDED"), QLatin1String("ID")};
 const RuleWords kDetailWords{QLatin1String("DATE"), QLatin1String("SIZE")};
 
-// The arrange entries of the contact list's pop-up, by column.
-constexpr int kArrangeFirst = 10002;     // columns 0 to 11
-constexpr int kArrangeGroup = 10024;     // column 12
-constexpr int kArrangeInfoFirst = 10026; // columns 13 to 24
+// The arrange entries of the contact list's pop-up, by column: cmd::ListSortFirst onwards for
+// columns 0 to 11, cmd::ListSortByGroup for 12, cmd::ListSortInfoFirst onwards for 13 to 24.
 constexpr int kColumns = 25;
 
 Rule ruleOf(const ColumnHeader* column, int cell, const RuleWords& words) {
@@ -143,9 +142,9 @@ void SortRekey(ListView& list, int Sort, const RuleWords& words, bool EnsVis) {
 } // namespace
 
 int ArrangeCommandId(int Sort) {
-    if (Sort >= 0 && Sort <= 11) return kArrangeFirst + Sort;
-    if (Sort == 12) return kArrangeGroup;
-    if (Sort >= 13 && Sort < kColumns) return kArrangeInfoFirst + Sort - 13;
+    if (Sort >= 0 && Sort <= 11) return cmd::ListSortFirst + Sort;
+    if (Sort == 12) return cmd::ListSortByGroup;
+    if (Sort >= 13 && Sort < kColumns) return cmd::ListSortInfoFirst + Sort - 13;
     return 0;
 }
 

@@ -27,7 +27,8 @@ void SwitchSortSearch(ListView& ListView1, int Sort);
 void SwitchSortReport(ListView& lvReport, int Sort);
 
 // The command id of the arrange entry that sorts the contact list by column Sort, 0 for none:
-// 10002 to 10013 for columns 0 to 11, 10024 for 12, 10026 to 10037 for 13 to 24.
+// cmd::ListSortFirst to ListSortLast for columns 0 to 11, ListSortByGroup for 12, and
+// ListSortInfoFirst to ListSortInfoLast for 13 to 24.
 int ArrangeCommandId(int Sort);
 
 } // namespace mLV

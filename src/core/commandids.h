@@ -94,6 +94,36 @@ enum : int {
     ReportOnList = 10454,
     ReportOnContact = 10455,
     TabCategories = 10499,
+    // Column pickers: the detail pane's columns, then the contact list's ("Info 3" onwards
+    // follow the entry that customises the columns)
+    DetailsColumnName = 10101,
+    DetailsColumnSize = 10102,
+    DetailsColumnType = 10103,
+    DetailsColumnModified = 10104,
+    DetailsColumnsCustomize = 10105,
+    ContactColumnFirst = 10200,
+    ContactColumnsCustomize = 10215,
+    ContactColumnLast = 10225,
+    // Pop-up of the tray icon
+    TrayRestore = 10300,
+    TrayWebsite = 10304,
+    TraySupport = 10305,
+    TrayFeedback = 10306,
+    TrayExit = 10307,
+    // Ids that no control of the window carries yet but that stay usable without a phonebook
+    // once one does: an entry among the File commands, one among the view commands of the detail
+    // pane's pop-up, and the id just below each group of commands.
+    FileReserved = 105,
+    DetailsViewReserved = 412,
+    CategoryReserved = 199,
+    ContactReserved = 299,
+    DetailsReserved = 399,
+    ToolsReserved = 599,
+    HelpReserved = 699,
+    AfterHelpReserved = 799,
+    ContactColumnsReserved = 10199,
+    TrayReserved = 10299,
+    TabsReserved = 10399,
 };
 
 } // namespace cmd

@@ -1,4 +1,5 @@
 #include "mainwindow/connection.h"
+#include "core/commandids.h"
 #include "core/error.h"
 #include "core/globals.h"
 #include "core/language.h"
@@ -17,12 +18,22 @@ namespace mCommon {
 namespace {
 // Commands that stay usable without a phonebook.
 bool usableWithoutPhonebook(int id) {
-    static const int singles[] = {100, 101, 105, 106,   117,   199,   299,   399,   412,  522,
-                                  599, 603, 799, 10299, 10300, 10399, 10419, 10420, 59392};
+    static const int singles[] = {cmd::FileNew,           cmd::FileOpen,        cmd::FileReserved,
+                                  cmd::FileExit,          cmd::RecentClear,     cmd::CategoryReserved,
+                                  cmd::ContactReserved,   cmd::DetailsReserved, cmd::DetailsViewReserved,
+                                  cmd::ViewPanePhoto,     cmd::ToolsReserved,   cmd::ToolsPreferences,
+                                  cmd::AfterHelpReserved, cmd::TrayReserved,    cmd::TrayRestore,
+                                  cmd::TabsReserved,      cmd::MainPreferences, cmd::MainHelp,
+                                  cmd::ToolbarList};
     for (int s : singles)
         if (id == s) return true;
-    const int ranges[][2] = {{1, 10},        {512, 520},     {699, 701},    {703, 706},
-                             {10101, 10105}, {10199, 10225}, {10304, 10307}};
+    const int ranges[][2] = {{cmd::RecentFirst, cmd::RecentLast},
+                             {cmd::ViewToolTips, cmd::ViewPanesDefault},
+                             {cmd::HelpReserved, cmd::HelpTip},
+                             {cmd::HelpWebsite, cmd::HelpAbout},
+                             {cmd::DetailsColumnName, cmd::DetailsColumnsCustomize},
+                             {cmd::ContactColumnsReserved, cmd::ContactColumnLast},
+                             {cmd::TrayWebsite, cmd::TrayExit}};
     for (const auto& r : ranges)
         if (id >= r[0] && id <= r[1]) return true;
     return false;

@@ -49,7 +49,7 @@ void ForceShowTipOfDay() {
     HUNT_PLACE("mRegSettings.ForceShowTipOfDay");
     const Version s = stored();
     const Version r = running();
-    // Part by part, not as one number: a lower revision alone also counts.
+    // Component by component, not as one number: a lower revision alone also counts.
     if (s.major < r.major || s.minor < r.minor || s.revision < r.revision) {
         TipOfTheDayAtStart = true;
         SaveSetting(AppTitle(), kPreferencesNew, QStringLiteral("TipOfTheDayCurrent"), 0);

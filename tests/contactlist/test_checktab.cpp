@@ -5,6 +5,7 @@
 
 #include "contactlist/listsort.h"
 #include "contactlist/treeevents.h"
+#include "core/commandids.h"
 #include "preferences/settings.h"
 
 namespace {
@@ -50,7 +51,7 @@ TEST_F(CheckTabTest, TheAdvancedModeMarksTheSubtreeInForce) {
 
     mLV::SwitchCategoryMode(view, true);
     EXPECT_EQ(GetSetting(AppTitle(), u"PreferencesNew"_s, u"CategoryNormalMode"_s), u"1"_s);
-    EXPECT_TRUE(checked[206] && !checked[207]);
+    EXPECT_TRUE(checked[cmd::CategoryModeNormal] && !checked[cmd::CategoryModeAdvanced]);
     EXPECT_EQ(image("ID4"), u"CAT"_s);
     EXPECT_EQ(rows(), QStringList({u"ID4E"_s, u"ID5E"_s, u"ID8E"_s, u"ID6E"_s, u"ID7E"_s}));
     mLV::SwitchCategoryMode(view, false);

@@ -7,6 +7,7 @@
 #include "contactlist/listfill.h"
 #include "contactlist/listhooks.h"
 #include "contactlist/listsort.h"
+#include "core/commandids.h"
 #include "core/globals.h"
 #include "support/controls/listview.h"
 #include "support/helpers/dates.h"
@@ -205,8 +206,11 @@ TEST_F(ListSortTest, HeaderArrowAndArrangeEntryFollowTheColumn) {
     contact(u"Ann"_s, {});
     fill();
     list->SetSortKey(1);
-    for (const auto& [column, id] :
-         {std::pair{0, 10002}, {11, 10013}, {12, 10024}, {13, 10026}, {24, 10037}}) {
+    for (const auto& [column, id] : {std::pair{0, int(cmd::ListSortFirst)},
+                                     {11, int(cmd::ListSortLast)},
+                                     {12, int(cmd::ListSortByGroup)},
+                                     {13, int(cmd::ListSortInfoFirst)},
+                                     {24, int(cmd::ListSortInfoLast)}}) {
         sortBy(column);
         EXPECT_EQ(checks.size(), 25u);
         for (const auto& [entry, checked] : checks)

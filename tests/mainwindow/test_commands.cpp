@@ -4,6 +4,7 @@
 
 #include "app/mmain.h"
 #include "core/cfiledialog.h"
+#include "core/commandids.h"
 #include "core/language.h"
 #include "mainwindow/connection.h"
 #include "mainwindow/statusbar.h"
@@ -59,11 +60,20 @@ class Commands : public FormTest {
 };
 
 bool usableWithoutPhonebook(int id) {
-    const QList<int> ids = {100, 101, 105, 106,   117,   199,   299,   399,   412,  522,
-                            599, 603, 799, 10299, 10300, 10399, 10419, 10420, 59392};
-    return ids.contains(id) || (id >= 1 && id <= 10) || (id >= 512 && id <= 520) ||
-           (id >= 699 && id <= 701) || (id >= 703 && id <= 706) || (id >= 10101 && id <= 10105) ||
-           (id >= 10199 && id <= 10225) || (id >= 10304 && id <= 10307);
+    const QList<int> ids = {cmd::FileNew,           cmd::FileOpen,        cmd::FileReserved,
+                            cmd::FileExit,          cmd::RecentClear,     cmd::CategoryReserved,
+                            cmd::ContactReserved,   cmd::DetailsReserved, cmd::DetailsViewReserved,
+                            cmd::ViewPanePhoto,     cmd::ToolsReserved,   cmd::ToolsPreferences,
+                            cmd::AfterHelpReserved, cmd::TrayReserved,    cmd::TrayRestore,
+                            cmd::TabsReserved,      cmd::MainPreferences, cmd::MainHelp,
+                            cmd::ToolbarList};
+    auto within = [id](int first, int last) { return id >= first && id <= last; };
+    return ids.contains(id) || within(cmd::RecentFirst, cmd::RecentLast) ||
+           within(cmd::ViewToolTips, cmd::ViewPanesDefault) || within(cmd::HelpReserved, cmd::HelpTip) ||
+           within(cmd::HelpWebsite, cmd::HelpAbout) ||
+           within(cmd::DetailsColumnName, cmd::DetailsColumnsCustomize) ||
+           within(cmd::ContactColumnsReserved, cmd::ContactColumnLast) ||
+           within(cmd::TrayWebsite, cmd::TrayExit);
 }
 
 } // namespace
@@ -73,7 +83,7 @@ TEST_F(Commands, NewOpenAndRecentEntriesOpenTheirPhonebooks) {
     open();
     const QString first = path(QStringLiteral("first.kvdb"));
     chooseFile(first + QStringLiteral(".kvdb")); // a doubled extension is mended
-    ASSERT_TRUE(form->CommandBars1->ExecuteId(100));
+    ASSERT_TRUE(form->CommandBars1->ExecuteId(cmd::FileNew));
     EXPECT_TRUE(askedSave);
     EXPECT_EQ(askedTitle, mLanguageGobals::msgCreatePhonebook);
     EXPECT_TRUE(QFile::exists(first));
@@ -83,7 +93,7 @@ TEST_F(Commands, NewOpenAndRecentEntriesOpenTheirPhonebooks) {
     EXPECT_TRUE(form->windowTitle().contains(first));
 
     chooseFile(second);
-    ASSERT_TRUE(form->CommandBars1->ExecuteId(101));
+    ASSERT_TRUE(form->CommandBars1->ExecuteId(cmd::FileOpen));
     EXPECT_FALSE(askedSave);
     EXPECT_EQ(askedTitle, mLanguageGobals::msgOpenPhonebook);
     EXPECT_EQ(gDBPath, second);
@@ -91,23 +101,23 @@ TEST_F(Commands, NewOpenAndRecentEntriesOpenTheirPhonebooks) {
     EXPECT_EQ(mMru::MRUFiles, QStringList({second, first}));
 
     // The menu shows the list; its second entry opens the first phonebook and moves it up.
-    EXPECT_TRUE(action(1)->isVisible());
-    EXPECT_TRUE(action(2)->Caption().endsWith(first));
-    EXPECT_FALSE(action(3)->isVisible());
-    ASSERT_TRUE(form->CommandBars1->ExecuteId(2));
+    EXPECT_TRUE(action(cmd::RecentFirst)->isVisible());
+    EXPECT_TRUE(action(cmd::RecentFirst + 1)->Caption().endsWith(first));
+    EXPECT_FALSE(action(cmd::RecentFirst + 2)->isVisible());
+    ASSERT_TRUE(form->CommandBars1->ExecuteId(cmd::RecentFirst + 1));
     EXPECT_EQ(gDBPath, first);
     EXPECT_TRUE(gDBOpen);
     EXPECT_EQ(mMru::MRUFiles, QStringList({first, second}));
 
     // Only the number's "&" is a mnemonic; one in a path shows as it is.
     mMru::AddToMRUList(QStringLiteral("/home/me/R&D.kvdb"));
-    EXPECT_EQ(action(1)->text(), QStringLiteral("&1 /home/me/R&&D.kvdb"));
+    EXPECT_EQ(action(cmd::RecentFirst)->text(), QStringLiteral("&1 /home/me/R&&D.kvdb"));
     mMru::AddToMRUList(first);
 
     // Clear list keeps the phonebook that is open.
-    ASSERT_TRUE(form->CommandBars1->ExecuteId(117));
+    ASSERT_TRUE(form->CommandBars1->ExecuteId(cmd::RecentClear));
     EXPECT_EQ(mMru::MRUFiles, QStringList({first}));
-    EXPECT_FALSE(action(2)->isVisible());
+    EXPECT_FALSE(action(cmd::RecentFirst + 1)->isVisible());
 }
 
 TEST_F(Commands, FileCommandsThatCannotOpenLeaveNothingOpenAndKeepTheEntry) {
@@ -121,14 +131,14 @@ TEST_F(Commands, FileCommandsThatCannotOpenLeaveNothingOpenAndKeepTheEntry) {
     chooseFile(letter);
     {
         fixture::MsgBoxRecorder boxes;
-        ASSERT_TRUE(form->CommandBars1->ExecuteId(101));
+        ASSERT_TRUE(form->CommandBars1->ExecuteId(cmd::FileOpen));
         EXPECT_EQ(boxes.texts(), QStringList{mLanguageGobals::msgNotADatabaseFileOrCorrupted});
     }
     EXPECT_TRUE(gNotConnected);
     EXPECT_FALSE(gDBOpen);
     EXPECT_EQ(mMru::MRUFiles.value(0), letter);
     EXPECT_EQ(form->windowTitle(), AppTitle());
-    EXPECT_FALSE(action(300)->Enabled());
+    EXPECT_FALSE(action(cmd::ContactAdd)->Enabled());
 
     // New on a full disk: the store's message, and no file left behind.
     const QString full = path(QStringLiteral("full.kvdb"));
@@ -137,7 +147,7 @@ TEST_F(Commands, FileCommandsThatCannotOpenLeaveNothingOpenAndKeepTheEntry) {
         dao::ScopedHooks full;
         full->growthPages = 3;
         fixture::MsgBoxRecorder boxes;
-        ASSERT_TRUE(form->CommandBars1->ExecuteId(100));
+        ASSERT_TRUE(form->CommandBars1->ExecuteId(cmd::FileNew));
         ASSERT_EQ(boxes.boxes.size(), 1);
         EXPECT_TRUE(boxes.boxes[0].text.startsWith(mLanguageGobals::msgCannotCreatePhonebookNoSpace));
     }
@@ -150,7 +160,7 @@ TEST_F(Commands, FileCommandsThatCannotOpenLeaveNothingOpenAndKeepTheEntry) {
     chooseFile(folder);
     {
         fixture::MsgBoxRecorder boxes;
-        ASSERT_TRUE(form->CommandBars1->ExecuteId(100));
+        ASSERT_TRUE(form->CommandBars1->ExecuteId(cmd::FileNew));
         EXPECT_EQ(boxes.texts(), QStringList{mLanguageGobals::msgAccessDenied});
     }
     EXPECT_TRUE(QDir(folder + QStringLiteral("/inside")).exists());
@@ -159,9 +169,9 @@ TEST_F(Commands, FileCommandsThatCannotOpenLeaveNothingOpenAndKeepTheEntry) {
     // Choosing the open file in Open does nothing.
     const QString book = path(QStringLiteral("book.kvdb"));
     chooseFile(book);
-    ASSERT_TRUE(form->CommandBars1->ExecuteId(100));
+    ASSERT_TRUE(form->CommandBars1->ExecuteId(cmd::FileNew));
     gDB.Execute(QStringLiteral("INSERT INTO CDs (IDCD, FullName, IDC, IDX) VALUES (1, 'Ann', 1, 1)"));
-    ASSERT_TRUE(form->CommandBars1->ExecuteId(101));
+    ASSERT_TRUE(form->CommandBars1->ExecuteId(cmd::FileOpen));
     EXPECT_TRUE(gDBOpen);
     EXPECT_FALSE(gNotConnected);
     dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT Count(*) FROM CDs"), dao::dbOpenSnapshot);
@@ -173,7 +183,7 @@ TEST_F(Commands, ExitUnloadsTheWindowAndClosesThePhonebook) {
     gDBPath = makePhonebook(QStringLiteral("book.kvdb"));
     ASSERT_TRUE(mLogin::LoginCnn(false));
     open();
-    ASSERT_TRUE(form->CommandBars1->ExecuteId(106));
+    ASSERT_TRUE(form->CommandBars1->ExecuteId(cmd::FileExit));
     EXPECT_FALSE(form->isVisible());
     EXPECT_FALSE(gDBOpen);
     EXPECT_FALSE(GetSetting(AppTitle(), "Layout", "MainWindowPanes").isEmpty());
@@ -186,22 +196,22 @@ TEST_F(Commands, ViewSwitchesStoreTheirPreferenceAndChangeTheBars) {
     QToolBar* main = toolbar(QStringLiteral("Main"));
     ASSERT_NE(main, nullptr);
 
-    bars.ExecuteId(513);
+    bars.ExecuteId(cmd::ViewStatusBar);
     EXPECT_FALSE(form->StatusBar1->isVisible());
-    EXPECT_FALSE(checked(513));
+    EXPECT_FALSE(checked(cmd::ViewStatusBar));
     EXPECT_EQ(pref("ShowStatusbar"), "0");
-    bars.ExecuteId(513);
+    bars.ExecuteId(cmd::ViewStatusBar);
     EXPECT_TRUE(form->StatusBar1->isVisible());
     EXPECT_EQ(pref("ShowStatusbar"), "1");
 
     EXPECT_EQ(main->iconSize().width(), CommandBars::IconSize(true));
-    bars.ExecuteId(514);
+    bars.ExecuteId(cmd::ViewLargeIcons);
     EXPECT_EQ(main->iconSize().width(), CommandBars::IconSize(false));
     EXPECT_EQ(pref("ShowLargeIcons"), "0");
 
-    bars.ExecuteId(515);
+    bars.ExecuteId(cmd::ViewLockToolbars);
     EXPECT_FALSE(main->isMovable());
-    EXPECT_TRUE(checked(515));
+    EXPECT_TRUE(checked(cmd::ViewLockToolbars));
     EXPECT_EQ(pref("LockToolbar"), "1");
 
     // Tool tips: the toolbar buttons stop showing theirs.
@@ -212,30 +222,31 @@ TEST_F(Commands, ViewSwitchesStoreTheirPreferenceAndChangeTheBars) {
         return QToolTip::text();
     };
     using mLanguageGobals::msgSearch, mLanguageGobals::msgStatistics;
-    EXPECT_EQ(tipOf(10414), msgSearch);
-    bars.ExecuteId(512);
-    EXPECT_NE(tipOf(10415), msgStatistics);
+    EXPECT_EQ(tipOf(cmd::MainSearch), msgSearch);
+    bars.ExecuteId(cmd::ViewToolTips);
+    EXPECT_NE(tipOf(cmd::MainStatistics), msgStatistics);
     EXPECT_EQ(pref("ShowToolTip"), "0");
 
     // Restore defaults: the layout of the first start, tips and large icons on, unlocked.
     toolbar(QStringLiteral("AlphabeticalIndex"))->toggleViewAction()->trigger();
     form->addToolBar(Qt::BottomToolBarArea, main);
-    bars.ExecuteId(516);
+    bars.ExecuteId(cmd::ViewToolbarsDefault);
     EXPECT_TRUE(toolbar(QStringLiteral("AlphabeticalIndex"))->isVisible());
     EXPECT_EQ(form->toolBarArea(main), Qt::TopToolBarArea);
     EXPECT_TRUE(main->isMovable());
     EXPECT_EQ(main->iconSize().width(), CommandBars::IconSize(true));
-    EXPECT_EQ(tipOf(10415), msgStatistics);
-    EXPECT_TRUE(checked(512) && checked(514) && !checked(515));
+    EXPECT_EQ(tipOf(cmd::MainStatistics), msgStatistics);
+    EXPECT_TRUE(checked(cmd::ViewToolTips) && checked(cmd::ViewLargeIcons) &&
+                !checked(cmd::ViewLockToolbars));
     EXPECT_EQ(pref("ShowToolTip") + pref("ShowLargeIcons") + pref("LockToolbar"), "110");
 }
 
 TEST_F(Commands, TreeTabsAndLettersAreTwoIndependentRadioGroups) {
     open();
     CommandBars& bars = *form->CommandBars1;
-    const QList<int> tabs = {10499, 10453, 10401};
-    QList<int> letters = {10402};
-    for (int id = 10425; id <= 10452; ++id)
+    const QList<int> tabs = {cmd::TabCategories, cmd::TabGroups, cmd::TabFavorites};
+    QList<int> letters = {cmd::LetterAll};
+    for (int id = cmd::LetterA; id <= cmd::LetterUnknown; ++id)
         letters << id;
     auto onlyChecked = [&](const QList<int>& group) {
         QList<int> on;
@@ -243,27 +254,27 @@ TEST_F(Commands, TreeTabsAndLettersAreTwoIndependentRadioGroups) {
             if (checked(id)) on << id;
         return on;
     };
-    EXPECT_EQ(onlyChecked(tabs), QList<int>{10499});
-    EXPECT_EQ(onlyChecked(letters), QList<int>{10402});
+    EXPECT_EQ(onlyChecked(tabs), QList<int>{cmd::TabCategories});
+    EXPECT_EQ(onlyChecked(letters), QList<int>{cmd::LetterAll});
 
-    bars.ExecuteId(10453);
-    EXPECT_EQ(onlyChecked(tabs), QList<int>{10453});
-    EXPECT_EQ(onlyChecked(letters), QList<int>{10402});
-    EXPECT_TRUE(checked(521)); // the View menu follows the tabs
-    EXPECT_FALSE(checked(500));
+    bars.ExecuteId(cmd::TabGroups);
+    EXPECT_EQ(onlyChecked(tabs), QList<int>{cmd::TabGroups});
+    EXPECT_EQ(onlyChecked(letters), QList<int>{cmd::LetterAll});
+    EXPECT_TRUE(checked(cmd::ViewGroups)); // the View menu follows the tabs
+    EXPECT_FALSE(checked(cmd::ViewCategories));
 
-    bars.ExecuteId(10430); // "F"
-    EXPECT_EQ(onlyChecked(letters), QList<int>{10430});
-    EXPECT_EQ(onlyChecked(tabs), QList<int>{10453});
-    bars.ExecuteId(10430); // a second click keeps the choice
-    EXPECT_EQ(onlyChecked(letters), QList<int>{10430});
+    bars.ExecuteId(cmd::LetterA + 5); // "F"
+    EXPECT_EQ(onlyChecked(letters), QList<int>{cmd::LetterA + 5});
+    EXPECT_EQ(onlyChecked(tabs), QList<int>{cmd::TabGroups});
+    bars.ExecuteId(cmd::LetterA + 5); // a second click keeps the choice
+    EXPECT_EQ(onlyChecked(letters), QList<int>{cmd::LetterA + 5});
 
-    bars.ExecuteId(501); // the View menu's Favorites picks the tab with the tag "Borrows"
-    EXPECT_EQ(onlyChecked(tabs), QList<int>{10401});
-    EXPECT_TRUE(checked(501));
-    EXPECT_EQ(onlyChecked(letters), QList<int>{10430});
-    EXPECT_EQ(action(10451)->Tag(), "NUM");
-    EXPECT_EQ(action(10452)->Tag(), "UNK");
+    bars.ExecuteId(cmd::ViewFavorites); // the View menu's Favorites picks the tab with the tag "Borrows"
+    EXPECT_EQ(onlyChecked(tabs), QList<int>{cmd::TabFavorites});
+    EXPECT_TRUE(checked(cmd::ViewFavorites));
+    EXPECT_EQ(onlyChecked(letters), QList<int>{cmd::LetterA + 5});
+    EXPECT_EQ(action(cmd::LetterDigits)->Tag(), "NUM");
+    EXPECT_EQ(action(cmd::LetterUnknown)->Tag(), "UNK");
 }
 
 TEST_F(Commands, FunctionKeysAndTheListPopUpReachTheirCommands) {
@@ -278,13 +289,13 @@ TEST_F(Commands, FunctionKeysAndTheListPopUpReachTheirCommands) {
     for (const auto& call : executed)
         ids << call.at(0).value<CommandBarAction*>()->Id();
     // Help (F1) and Search (F3) stay silent until they have their action.
-    EXPECT_EQ(ids, QList<int>({511}));
+    EXPECT_EQ(ids, QList<int>({cmd::ViewRefresh}));
 
     QWidget* rows = form->ListView2->viewport();
     QContextMenuEvent menu(QContextMenuEvent::Mouse, QPoint(5, 5), rows->mapToGlobal(QPoint(5, 5)));
     QCoreApplication::sendEvent(rows, &menu);
     EXPECT_TRUE(form->Popup->isVisible());
-    EXPECT_TRUE(form->Popup->actions().contains(action(10020)));
+    EXPECT_TRUE(form->Popup->actions().contains(action(cmd::ListDelete)));
     form->Popup->hide();
 }
 
@@ -317,7 +328,8 @@ TEST_F(Commands, ListCommandsFollowTheSelectionAndTheTreeFocus) {
     list.ListItems.Add(QStringLiteral("ID2"), QStringLiteral("Bob"));
     auto states = [&] {
         QString s;
-        for (int id : {305, 303, 304, 10412, 10413})
+        for (int id : {cmd::ContactCopy, cmd::ContactDelete, cmd::ContactProperties, cmd::MainDelete,
+                       cmd::MainProperties})
             s += action(id)->Enabled() ? QLatin1Char('1') : QLatin1Char('0');
         return s;
     };
@@ -355,9 +367,11 @@ TEST_F(Commands, EveryCommandAndEveryTreeAndRowKindHasAnIcon) {
     open();
     for (CommandBarAction* a : form->CommandBars1->Actions()) {
         const int id = a->Id();
-        const bool captionOnly = (id >= 1 && id <= 10) || id == 59392 || id == 10402 ||
-                                 (id >= 10425 && id <= 10452) || (id >= 10002 && id <= 10013) ||
-                                 id == 10024 || (id >= 10026 && id <= 10037);
+        auto within = [id](int first, int last) { return id >= first && id <= last; };
+        const bool captionOnly =
+            within(cmd::RecentFirst, cmd::RecentLast) || id == cmd::ToolbarList || id == cmd::LetterAll ||
+            within(cmd::LetterA, cmd::LetterUnknown) || within(cmd::ListSortFirst, cmd::ListSortLast) ||
+            id == cmd::ListSortByGroup || within(cmd::ListSortInfoFirst, cmd::ListSortInfoLast);
         EXPECT_EQ(a->icon().isNull(), captionOnly) << id;
     }
     for (const char* key : {"CAT", "CATS", "CATSEL", "CATSSEL", "BOX", "BOXS", "BOXSEL", "BOXSSEL", "STAR",

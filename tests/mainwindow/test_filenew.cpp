@@ -3,6 +3,7 @@
 #include "formtest.h"
 
 #include "core/cfiledialog.h"
+#include "core/commandids.h"
 #include "core/language.h"
 #include "phonebook/createdb.h"
 #include "phonebook/login.h"
@@ -60,7 +61,7 @@ class FileNew : public FormTest {
             dialog.FileName = QDir(dialog.InitDir).filePath(chosen);
             return true;
         });
-        ASSERT_TRUE(form->CommandBars1->ExecuteId(100));
+        ASSERT_TRUE(form->CommandBars1->ExecuteId(cmd::FileNew));
     }
     QString book;
     QString proposed, proposedIn;

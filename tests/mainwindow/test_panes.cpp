@@ -2,6 +2,7 @@
 // of panes and toolbars kept from one run to the next.
 #include "formtest.h"
 
+#include "core/commandids.h"
 #include "core/language.h"
 #include "mainwindow/dockingpane.h"
 #include "mainwindow/statusbar.h"
@@ -64,34 +65,34 @@ TEST_F(Panes, ClosingAPaneByItsButtonUnticksItsEntryAndStoresThat) {
     Form1& f = open();
     clickClose(f.PListView2);
     EXPECT_FALSE(f.PListView2->isVisible());
-    EXPECT_FALSE(checked(518));
+    EXPECT_FALSE(checked(cmd::ViewPaneContacts));
     EXPECT_FALSE(PaneDisks);
     EXPECT_EQ(pref("PaneDisks"), "0");
 
-    f.CommandBars1->ExecuteId(518);
+    f.CommandBars1->ExecuteId(cmd::ViewPaneContacts);
     EXPECT_TRUE(f.PListView2->isVisible());
-    EXPECT_TRUE(checked(518));
+    EXPECT_TRUE(checked(cmd::ViewPaneContacts));
     EXPECT_EQ(pref("PaneDisks"), "1");
 
     // Through the menu the pane hides once, not twice.
-    f.CommandBars1->ExecuteId(522);
+    f.CommandBars1->ExecuteId(cmd::ViewPanePhoto);
     EXPECT_FALSE(f.PPhoto->isVisible());
-    EXPECT_FALSE(checked(522));
+    EXPECT_FALSE(checked(cmd::ViewPanePhoto));
     EXPECT_EQ(pref("PaneDiskImage"), "0");
 }
 
 TEST_F(Panes, RestoreDefaultsBringsBackAllFourPanes) {
     Form1& f = open();
     clickClose(f.PPhoto);
-    f.CommandBars1->ExecuteId(519);
+    f.CommandBars1->ExecuteId(cmd::ViewPaneCard);
     f.addDockWidget(Qt::RightDockWidgetArea, f.PCatTree);
     ASSERT_FALSE(f.PListView1->isVisible());
 
-    f.CommandBars1->ExecuteId(520);
+    f.CommandBars1->ExecuteId(cmd::ViewPanesDefault);
     for (DockingPane* pane : {f.PCatTree, f.PListView2, f.PListView1, f.PPhoto})
         EXPECT_TRUE(pane->isVisible()) << pane->objectName().toStdString();
     EXPECT_EQ(f.dockWidgetArea(f.PCatTree), Qt::LeftDockWidgetArea);
-    for (int id : {517, 518, 519, 522})
+    for (int id : {cmd::ViewPaneCategories, cmd::ViewPaneContacts, cmd::ViewPaneCard, cmd::ViewPanePhoto})
         EXPECT_TRUE(checked(id)) << id;
     EXPECT_EQ(pref("PaneCategories") + pref("PaneDisks") + pref("PaneDiskContents") + pref("PaneDiskImage"),
               "1111");
@@ -103,14 +104,14 @@ TEST_F(Panes, PanesAndToolbarsKeepTheirLayoutAcrossARestart) {
     clickClose(f.PPhoto);
     toolbar("AlphabeticalIndex")->toggleViewAction()->trigger();
     f.addToolBar(Qt::BottomToolBarArea, toolbar("Main"));
-    f.CommandBars1->ExecuteId(513);
+    f.CommandBars1->ExecuteId(cmd::ViewStatusBar);
     closeAndForget();
 
     restartPreferences();
     Form1& again = open();
     EXPECT_NEAR(again.PCatTree->width(), 260, 8);
     EXPECT_FALSE(again.PPhoto->isVisible());
-    EXPECT_FALSE(checked(522));
+    EXPECT_FALSE(checked(cmd::ViewPanePhoto));
     EXPECT_TRUE(again.PListView1->isVisible());
     EXPECT_FALSE(toolbar("AlphabeticalIndex")->isVisible());
     EXPECT_EQ(again.toolBarArea(toolbar("Main")), Qt::BottomToolBarArea);

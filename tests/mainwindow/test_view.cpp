@@ -171,20 +171,20 @@ TEST_F(View, OpeningShowsTheTreeWithCountsAndEveryContactByName) {
     EXPECT_EQ(names(), QStringList({"Ann Archer", "Bea Baker", "Bob Brown", "Carl Clark", "Dora Dane"}));
     EXPECT_EQ(list().SelectedItem(), nullptr);
     EXPECT_EQ(form().PCatTree->windowTitle(), mLanguageGobals::msgCategories);
-    EXPECT_TRUE(action(10499)->Checked() && action(10402)->Checked());
-    EXPECT_TRUE(action(10002)->Checked()); // arranged by full name
-    EXPECT_TRUE(action(207)->Checked() && !action(206)->Checked());
+    EXPECT_TRUE(action(cmd::TabCategories)->Checked() && action(cmd::LetterAll)->Checked());
+    EXPECT_TRUE(action(cmd::ListSortFirst)->Checked()); // arranged by full name
+    EXPECT_TRUE(action(cmd::CategoryModeAdvanced)->Checked() && !action(cmd::CategoryModeNormal)->Checked());
     EXPECT_TRUE(AdvancedCategoryMode);
 
     // The other trees count their own way: favorites only count favorites.
-    ASSERT_TRUE(run(10401));
+    ASSERT_TRUE(run(cmd::TabFavorites));
     EXPECT_EQ(label(u"ID0"_s), "All favorites (3)");
     EXPECT_EQ(label(u"ID1"_s), "My favorites (2)");
     EXPECT_EQ(label(u"ID2"_s), "Emergency (1)");
     EXPECT_EQ(names(), QStringList({"Ann Archer", "Bea Baker", "Dora Dane"}));
     EXPECT_EQ(form().PCatTree->windowTitle(), mLanguageGobals::msgFavoritesTree);
-    EXPECT_TRUE(action(501)->Checked());
-    ASSERT_TRUE(run(10453));
+    EXPECT_TRUE(action(cmd::ViewFavorites)->Checked());
+    ASSERT_TRUE(run(cmd::TabGroups));
     EXPECT_EQ(label(u"ID0"_s), "All groups (5)");
     EXPECT_EQ(label(u"ID2"_s), "Office (2)");
     EXPECT_EQ(names().size(), 5);
@@ -198,7 +198,7 @@ TEST_F(View, TheListOpensInTheOrderItWasClosedIn) {
     EXPECT_EQ(names(), QStringList({"Ann Archer", "Dora Dane", "Bob Brown", "Bea Baker", "Carl Clark"}));
     EXPECT_EQ(list().SortOrder(), lvwDescending);
     EXPECT_EQ(list().ColumnHeaders.Item(3)->Icon(), 1);
-    EXPECT_TRUE(action(10004)->Checked());
+    EXPECT_TRUE(action(cmd::ListSortFirst + 2)->Checked());
     form().close();
     EXPECT_EQ(GetSetting(AppTitle(), u"ColumnHeaders12\\Other"_s, u"SortOrder"_s), "1");
     EXPECT_EQ(GetSetting(AppTitle(), u"ColumnHeaders12\\Other"_s, u"SortKey"_s), "2");
@@ -211,7 +211,7 @@ TEST_F(View, ANodeShowsItsSubtreeInAdvancedModeAndItsChildrenInNormalMode) {
     EXPECT_EQ(names(), QStringList({"Ann Archer", "Bea Baker", "Bob Brown"}));
     EXPECT_EQ(tree().Nodes(u"ID13"_s)->Image(), "CATSEL"); // the subtree is marked
 
-    ASSERT_TRUE(run(206));
+    ASSERT_TRUE(run(cmd::CategoryModeNormal));
     EXPECT_FALSE(AdvancedCategoryMode);
     EXPECT_EQ(tree().Nodes(u"ID13"_s)->Image(), "CAT");
     EXPECT_EQ(keys(), QStringList({"ID4E", "ID5E", "ID8E", "ID6E", "ID7E", id(bea)}));
@@ -230,17 +230,17 @@ TEST_F(View, ANodeShowsItsSubtreeInAdvancedModeAndItsChildrenInNormalMode) {
 
 TEST_F(View, ALetterFiltersTheListAndTheCounts) {
     start(true);
-    ASSERT_TRUE(run(10426)); // "B"
+    ASSERT_TRUE(run(cmd::LetterA + 1)); // "B"
     EXPECT_EQ(CurrentLetter, "B");
     EXPECT_EQ(names(), QStringList({"Bea Baker", "Bob Brown"}));
     EXPECT_EQ(label(u"ID0"_s), "All categories (2)");
     EXPECT_EQ(label(u"ID4"_s), "Customers (1)");
     EXPECT_EQ(label(u"ID2"_s), "Personal (0)");
-    EXPECT_TRUE(action(10426)->Checked() && !action(10402)->Checked());
+    EXPECT_TRUE(action(cmd::LetterA + 1)->Checked() && !action(cmd::LetterAll)->Checked());
     // The letter stays in force on another node.
     clickNode(u"ID4"_s);
     EXPECT_EQ(keys(), QStringList({"ID13E"}));
-    ASSERT_TRUE(run(10402));
+    ASSERT_TRUE(run(cmd::LetterAll));
     EXPECT_EQ(keys(), QStringList({"ID13E", id(ann)}));
 }
 
@@ -250,15 +250,15 @@ TEST_F(View, AColumnClickSortsAndASecondClickReverses) {
     EXPECT_EQ(names(), QStringList({"Carl Clark", "Bea Baker", "Bob Brown", "Dora Dane", "Ann Archer"}));
     EXPECT_EQ(list().ColumnHeaders.Item(3)->Icon(), 2);
     EXPECT_EQ(list().ColumnHeaders.Item(1)->Icon(), 0);
-    EXPECT_TRUE(action(10004)->Checked() && !action(10002)->Checked());
+    EXPECT_TRUE(action(cmd::ListSortFirst + 2)->Checked() && !action(cmd::ListSortFirst)->Checked());
     clickHeader(3);
     EXPECT_EQ(names(), QStringList({"Ann Archer", "Dora Dane", "Bob Brown", "Bea Baker", "Carl Clark"}));
     EXPECT_EQ(list().ColumnHeaders.Item(3)->Icon(), 1);
     // The arrange entries of the pop-up sort the same way, and the order survives a refresh.
-    ASSERT_TRUE(run(10002));
+    ASSERT_TRUE(run(cmd::ListSortFirst));
     EXPECT_EQ(names(), QStringList({"Ann Archer", "Bea Baker", "Bob Brown", "Carl Clark", "Dora Dane"}));
-    ASSERT_TRUE(run(10002));
-    ASSERT_TRUE(run(511));
+    ASSERT_TRUE(run(cmd::ListSortFirst));
+    ASSERT_TRUE(run(cmd::ViewRefresh));
     EXPECT_EQ(names(), QStringList({"Dora Dane", "Carl Clark", "Bob Brown", "Bea Baker", "Ann Archer"}));
 }
 
@@ -270,12 +270,12 @@ TEST_F(View, ARowShowsItsFieldsAndADoubleClickEditsItInTheCard) {
                            "Email: ann@zeta.example", "City: Oslo", "Category: Business/Customers",
                            "Favorites: My favorites", "Group: Others"}));
     EXPECT_EQ(form().ListView1->ListItems.Item(4)->CellForeColor(1), QColor(0, 0, 255)); // a mail link
-    EXPECT_TRUE(action(304)->Enabled());
-    EXPECT_TRUE(action(302)->Enabled()); // a favorite
+    EXPECT_TRUE(action(cmd::ContactProperties)->Enabled());
+    EXPECT_TRUE(action(cmd::ContactNoFavorite)->Enabled()); // a favorite
 
     clickRow(id(carl));
     EXPECT_EQ(details().first(), "Full Name: Carl Clark");
-    EXPECT_FALSE(action(302)->Enabled());
+    EXPECT_FALSE(action(cmd::ContactNoFavorite)->Enabled());
 
     // The card of the row: a new company and a move from Family to Friends.
     QString opened;
@@ -305,7 +305,7 @@ TEST_F(View, ARowShowsItsFieldsAndADoubleClickEditsItInTheCard) {
     // A node in force that no longer holds the row empties the pane.
     clickNode(u"ID3"_s);
     EXPECT_TRUE(details().isEmpty());
-    EXPECT_FALSE(action(304)->Enabled());
+    EXPECT_FALSE(action(cmd::ContactProperties)->Enabled());
 }
 
 TEST_F(View, ANewContactFromTheCardJoinsTheListAndTheCounts) {
@@ -318,7 +318,7 @@ TEST_F(View, ANewContactFromTheCardJoinsTheListAndTheCounts) {
             card->bnOK_Click();
             return card->result();
         });
-        EXPECT_TRUE(run(300));
+        EXPECT_TRUE(run(cmd::ContactAdd));
         EXPECT_EQ(cards.shown, 1);
     };
     addContact(u"Eve Evans"_s, "ID5");
@@ -336,29 +336,29 @@ TEST_F(View, ANewContactFromTheCardJoinsTheListAndTheCounts) {
     EXPECT_FALSE(ListNeedsClickReset);
 
     // Outside the view in force the view moves to the new contact, letter button included.
-    ASSERT_TRUE(run(10426)); // "B"
+    ASSERT_TRUE(run(cmd::LetterA + 1)); // "B"
     addContact(u"Fay Fox"_s, "ID10");
     EXPECT_EQ(CurrentLetter, "F");
     EXPECT_EQ(CurrentNodeKey, "ID10");
-    EXPECT_TRUE(action(10430)->Checked() && !action(10426)->Checked());
+    EXPECT_TRUE(action(cmd::LetterA + 5)->Checked() && !action(cmd::LetterA + 1)->Checked());
     EXPECT_EQ(names(), QStringList({"Fay Fox"}));
     EXPECT_EQ(label(u"ID10"_s), "Friends (1)");
 }
 
 TEST_F(View, RemoveFromFavoritesTakesTheContactOutOfTheFavoritesView) {
     start();
-    ASSERT_TRUE(run(10401));
+    ASSERT_TRUE(run(cmd::TabFavorites));
     clickNode(u"ID1"_s);
     EXPECT_EQ(names(), QStringList({"Ann Archer", "Dora Dane"}));
     clickRow(id(dora));
-    ASSERT_TRUE(action(302)->Enabled());
-    ASSERT_TRUE(run(302));
+    ASSERT_TRUE(action(cmd::ContactNoFavorite)->Enabled());
+    ASSERT_TRUE(run(cmd::ContactNoFavorite));
     EXPECT_EQ(scalar(u"SELECT IDB FROM CDs WHERE IDCD = %1"_s.arg(dora)).toInt(), -1);
     EXPECT_EQ(names(), QStringList({"Ann Archer"}));
     EXPECT_EQ(label(u"ID1"_s), "My favorites (1)");
     EXPECT_EQ(label(u"ID0"_s), "All favorites (2)");
     EXPECT_TRUE(details().isEmpty());
-    EXPECT_FALSE(action(302)->Enabled());
+    EXPECT_FALSE(action(cmd::ContactNoFavorite)->Enabled());
     // The end of the assignment is kept in the history.
     EXPECT_EQ(scalar(u"SELECT Count(*) FROM LoanHistory WHERE IDCD = %1 AND IDB = 1"_s.arg(dora)).toInt(), 1);
 }

@@ -1,5 +1,6 @@
 #include "support/controls/icons.h"
 
+#include "core/commandids.h"
 #include "support/controls/imagelist.h"
 
 #include <QApplication>
@@ -555,16 +556,16 @@ const QHash<int, Draw>& commands() {
         const Draw help = [](QPainter& p) { roundel(p, kBlue, QStringLiteral("?")); };
         const Draw restore = [](QPainter& p) { arrowArc(p, kBlue, true); };
 
-        t.insert(100, newPage);
-        t.insert(101, openFolder);
-        t.insert(102, withBadge(cylinder, [](QPainter& p) {
+        t.insert(cmd::FileNew, newPage);
+        t.insert(cmd::FileOpen, openFolder);
+        t.insert(cmd::FileInfo, withBadge(cylinder, [](QPainter& p) {
                      p.setPen(pen(kBlue.darker(130), 0.7));
                      p.setBrush(kBlue);
                      p.drawEllipse(QPointF(12, 12), 3.7, 3.7);
                      glyph(p, QRectF(8.3, 8.3, 7.4, 7.4), QStringLiteral("i"), Qt::white, 6.5);
                  }));
-        t.insert(103, withBadge(cylinder, crossBadge));
-        t.insert(104, [](QPainter& p) {
+        t.insert(cmd::FileClearDB, withBadge(cylinder, crossBadge));
+        t.insert(cmd::FileCompactDB, [](QPainter& p) {
             cylinder(p);
             p.setPen(pen(kGreen, 1.5));
             p.drawLine(QPointF(8, 6.5), QPointF(8, 12));
@@ -572,49 +573,49 @@ const QHash<int, Draw>& commands() {
             p.setPen(pen(kGreen, 0.6));
             p.drawPolygon(QPolygonF({{5.5, 10.5}, {10.5, 10.5}, {8, 13.5}}));
         });
-        t.insert(106, door);
-        t.insert(107, [](QPainter& p) { padlock(p, false); });
-        t.insert(108, [](QPainter& p) { padlock(p, true); });
-        t.insert(109, key);
-        t.insert(117, withBadge([](QPainter& p) { page(p); }, crossBadge));
+        t.insert(cmd::FileExit, door);
+        t.insert(cmd::AccessFull, [](QPainter& p) { padlock(p, false); });
+        t.insert(cmd::AccessReadOnly, [](QPainter& p) { padlock(p, true); });
+        t.insert(cmd::AccessOptions, key);
+        t.insert(cmd::RecentClear, withBadge([](QPainter& p) { page(p); }, crossBadge));
 
-        t.insert(200, withBadge([](QPainter& p) { folder(p, false); }, plusBadge));
-        t.insert(201, pencil);
-        t.insert(202, remove);
-        t.insert(203, [](QPainter& p) {
+        t.insert(cmd::CategoryAdd, withBadge([](QPainter& p) { folder(p, false); }, plusBadge));
+        t.insert(cmd::CategoryRename, pencil);
+        t.insert(cmd::CategoryDelete, remove);
+        t.insert(cmd::CategorySortByName, [](QPainter& p) {
             glyph(p, QRectF(0, 0, 9, 8), QStringLiteral("A"), kBlue, 8);
             glyph(p, QRectF(0, 8, 9, 8), QStringLiteral("Z"), kRed, 8);
             arrowDown(p, 12.5);
         });
-        t.insert(204, [](QPainter& p) {
+        t.insert(cmd::CategorySortByContacts, [](QPainter& p) {
             person(p, -1, 0, 0.7);
             person(p, -1, 5, 0.7, kGreen);
             arrowDown(p, 13);
         });
-        t.insert(205, [](QPainter& p) {
+        t.insert(cmd::CategoryQuickAdd, [](QPainter& p) {
             folder(p, false);
             p.setPen(pen(QColor(200, 110, 0), 0.7));
             p.setBrush(QColor(255, 170, 30));
             p.drawPolygon(
                 QPolygonF({{12, 6}, {8.5, 11.5}, {11, 11.5}, {10, 15.5}, {14.5, 9.5}, {12, 9.5}, {13.5, 6}}));
         });
-        t.insert(206, [](QPainter& p) { treeMode(p, false); });
-        t.insert(207, [](QPainter& p) { treeMode(p, true); });
-        t.insert(208, properties);
+        t.insert(cmd::CategoryModeNormal, [](QPainter& p) { treeMode(p, false); });
+        t.insert(cmd::CategoryModeAdvanced, [](QPainter& p) { treeMode(p, true); });
+        t.insert(cmd::CategoryProperties, properties);
 
-        t.insert(300, addContact);
-        t.insert(302, noFavorite);
-        t.insert(303, remove);
-        t.insert(304, properties);
-        t.insert(305, copy);
+        t.insert(cmd::ContactAdd, addContact);
+        t.insert(cmd::ContactNoFavorite, noFavorite);
+        t.insert(cmd::ContactDelete, remove);
+        t.insert(cmd::ContactProperties, properties);
+        t.insert(cmd::ContactCopy, copy);
 
-        t.insert(500, images().value(QStringLiteral("CAT")));
-        t.insert(521, images().value(QStringLiteral("BOX")));
-        t.insert(501, images().value(QStringLiteral("STAR")));
-        t.insert(511, refresh);
-        t.insert(512, balloon);
-        t.insert(513, [](QPainter& p) { window(p, QRectF(), true); });
-        t.insert(514, [](QPainter& p) {
+        t.insert(cmd::ViewCategories, images().value(QStringLiteral("CAT")));
+        t.insert(cmd::ViewGroups, images().value(QStringLiteral("BOX")));
+        t.insert(cmd::ViewFavorites, images().value(QStringLiteral("STAR")));
+        t.insert(cmd::ViewRefresh, refresh);
+        t.insert(cmd::ViewToolTips, balloon);
+        t.insert(cmd::ViewStatusBar, [](QPainter& p) { window(p, QRectF(), true); });
+        t.insert(cmd::ViewLargeIcons, [](QPainter& p) {
             p.setPen(pen(kBoxEdge));
             p.setBrush(kBoxTop);
             p.drawRect(QRectF(1, 1, 9, 9));
@@ -624,45 +625,45 @@ const QHash<int, Draw>& commands() {
             p.drawRect(QRectF(6, 11, 4, 4));
             p.drawRect(QRectF(11, 11, 4, 4));
         });
-        t.insert(515, [](QPainter& p) { padlock(p, true); });
-        t.insert(516, restore);
-        t.insert(517, [](QPainter& p) { window(p, QRectF(1.5, 5, 4, 8.5)); });
-        t.insert(518, [](QPainter& p) { window(p, QRectF(6, 5, 8.5, 4.3)); });
-        t.insert(519, [](QPainter& p) { window(p, QRectF(6, 9.8, 4.5, 3.7)); });
-        t.insert(522, [](QPainter& p) { window(p, QRectF(11, 9.8, 3.5, 3.7)); });
-        t.insert(520, restore);
+        t.insert(cmd::ViewLockToolbars, [](QPainter& p) { padlock(p, true); });
+        t.insert(cmd::ViewToolbarsDefault, restore);
+        t.insert(cmd::ViewPaneCategories, [](QPainter& p) { window(p, QRectF(1.5, 5, 4, 8.5)); });
+        t.insert(cmd::ViewPaneContacts, [](QPainter& p) { window(p, QRectF(6, 5, 8.5, 4.3)); });
+        t.insert(cmd::ViewPaneCard, [](QPainter& p) { window(p, QRectF(6, 9.8, 4.5, 3.7)); });
+        t.insert(cmd::ViewPanePhoto, [](QPainter& p) { window(p, QRectF(11, 9.8, 3.5, 3.7)); });
+        t.insert(cmd::ViewPanesDefault, restore);
 
-        t.insert(600, search);
-        t.insert(601, stats);
-        t.insert(602, report);
-        t.insert(603, prefs);
-        t.insert(700, help);
-        t.insert(701, bulb);
-        t.insert(703, globe);
-        t.insert(704, lifebuoy);
-        t.insert(705, envelope);
-        t.insert(706, [](QPainter& p) { roundel(p, QColor(60, 140, 90), QStringLiteral("i")); });
+        t.insert(cmd::ToolsSearch, search);
+        t.insert(cmd::ToolsStatistics, stats);
+        t.insert(cmd::ToolsReport, report);
+        t.insert(cmd::ToolsPreferences, prefs);
+        t.insert(cmd::HelpContents, help);
+        t.insert(cmd::HelpTip, bulb);
+        t.insert(cmd::HelpWebsite, globe);
+        t.insert(cmd::HelpSupport, lifebuoy);
+        t.insert(cmd::HelpFeedback, envelope);
+        t.insert(cmd::HelpAbout, [](QPainter& p) { roundel(p, QColor(60, 140, 90), QStringLiteral("i")); });
 
-        t.insert(10000, refresh);
-        t.insert(10017, addContact);
-        t.insert(10019, noFavorite);
-        t.insert(10020, remove);
-        t.insert(10022, properties);
-        t.insert(10025, copy);
+        t.insert(cmd::ListRefresh, refresh);
+        t.insert(cmd::ListAdd, addContact);
+        t.insert(cmd::ListNoFavorite, noFavorite);
+        t.insert(cmd::ListDelete, remove);
+        t.insert(cmd::ListProperties, properties);
+        t.insert(cmd::ListCopy, copy);
 
-        t.insert(10499, images().value(QStringLiteral("CAT")));
-        t.insert(10453, images().value(QStringLiteral("BOX")));
-        t.insert(10401, images().value(QStringLiteral("STAR")));
-        t.insert(10411, addContact);
-        t.insert(10412, remove);
-        t.insert(10413, properties);
-        t.insert(10414, search);
-        t.insert(10415, stats);
-        t.insert(10416, report);
-        t.insert(10454, report);
-        t.insert(10455, withBadge(report, [](QPainter& p) { person(p, 7, 7, 0.55); }));
-        t.insert(10419, prefs);
-        t.insert(10420, help);
+        t.insert(cmd::TabCategories, images().value(QStringLiteral("CAT")));
+        t.insert(cmd::TabGroups, images().value(QStringLiteral("BOX")));
+        t.insert(cmd::TabFavorites, images().value(QStringLiteral("STAR")));
+        t.insert(cmd::MainAdd, addContact);
+        t.insert(cmd::MainDelete, remove);
+        t.insert(cmd::MainProperties, properties);
+        t.insert(cmd::MainSearch, search);
+        t.insert(cmd::MainStatistics, stats);
+        t.insert(cmd::MainReport, report);
+        t.insert(cmd::ReportOnList, report);
+        t.insert(cmd::ReportOnContact, withBadge(report, [](QPainter& p) { person(p, 7, 7, 0.55); }));
+        t.insert(cmd::MainPreferences, prefs);
+        t.insert(cmd::MainHelp, help);
         return t;
     }();
     return table;
