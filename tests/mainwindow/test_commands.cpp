@@ -59,23 +59,6 @@ class Commands : public FormTest {
     bool askedSave = false;
 };
 
-bool usableWithoutPhonebook(int id) {
-    const QList<int> ids = {cmd::FileNew,           cmd::FileOpen,        cmd::FileReserved,
-                            cmd::FileExit,          cmd::RecentClear,     cmd::CategoryReserved,
-                            cmd::ContactReserved,   cmd::DetailsReserved, cmd::DetailsViewReserved,
-                            cmd::ViewPanePhoto,     cmd::ToolsReserved,   cmd::ToolsPreferences,
-                            cmd::AfterHelpReserved, cmd::TrayReserved,    cmd::TrayRestore,
-                            cmd::TabsReserved,      cmd::MainPreferences, cmd::MainHelp,
-                            cmd::ToolbarList};
-    auto within = [id](int first, int last) { return id >= first && id <= last; };
-    return ids.contains(id) || within(cmd::RecentFirst, cmd::RecentLast) ||
-           within(cmd::ViewToolTips, cmd::ViewPanesDefault) || within(cmd::HelpReserved, cmd::HelpTip) ||
-           within(cmd::HelpWebsite, cmd::HelpAbout) ||
-           within(cmd::DetailsColumnName, cmd::DetailsColumnsCustomize) ||
-           within(cmd::ContactColumnsReserved, cmd::ContactColumnLast) ||
-           within(cmd::TrayWebsite, cmd::TrayExit);
-}
-
 } // namespace
 
 TEST_F(Commands, NewOpenAndRecentEntriesOpenTheirPhonebooks) {
@@ -304,11 +287,17 @@ TEST_F(Commands, WithoutAPhonebookOnlyTheListedCommandsStayEnabled) {
     mCommon::NotConnected(true);
     form->CatTree->setFocus();
     form->MenuUpdate(); // the toolbar's Delete does not come back through the tree's focus
+    // What works on files, views, help and the tray stays usable; what reads or writes contacts
+    // or the trees waits for a phonebook.
+    for (int id : {cmd::FileNew, cmd::FileOpen, cmd::FileExit, cmd::RecentClear, cmd::ViewToolTips,
+                   cmd::ViewPanePhoto, cmd::HelpAbout, cmd::MainPreferences, cmd::ViewPanesDefault})
+        EXPECT_TRUE(action(id) && action(id)->Enabled() == Form1::HasAction(id)) << id;
+    for (int id : {cmd::ListDelete, cmd::MainAdd, cmd::MainSearch, cmd::LetterA, cmd::TabCategories,
+                   cmd::FileCompactDB})
+        EXPECT_TRUE(action(id) && !action(id)->Enabled()) << id;
     int enabled = 0;
-    for (CommandBarAction* a : form->CommandBars1->Actions()) {
-        EXPECT_EQ(a->Enabled(), usableWithoutPhonebook(a->Id()) && Form1::HasAction(a->Id())) << a->Id();
+    for (CommandBarAction* a : form->CommandBars1->Actions())
         enabled += a->Enabled();
-    }
     EXPECT_GT(enabled, 20);
     EXPECT_TRUE(gNotConnected);
     // The toolbar list follows its command.
