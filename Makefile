@@ -1,11 +1,12 @@
 # Kelvarin: thin front over CMake. Every package the build needs comes from Debian.
 PACKAGES := g++ cmake make ccache pkg-config qt6-base-dev qt6-base-dev-tools qt6-image-formats-plugins \
-            libgl-dev libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth clang-format
+            libgl-dev qt6-svg-dev libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth clang-format desktop-file-utils
 BUILD    ?= build
+PREFIX   ?= /usr/local
 JOBS     ?= $(shell nproc 2>/dev/null || echo 2)
 SUDO     := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
-.PHONY: all deps configure build run test bench fuzz format format-check clean
+.PHONY: all deps configure build run test bench fuzz format format-check clean install
 
 all: build
 
@@ -30,6 +31,10 @@ run: build
 	  exit 1; \
 	fi
 	./$(BUILD)/kelvarin
+
+# The program, its menu entry, file type, icons, tips and help pages; DESTDIR stages the tree.
+install: build
+	DESTDIR="$(DESTDIR)" cmake --install $(BUILD) --prefix $(PREFIX)
 
 test: build format-check
 	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS)

@@ -6,6 +6,7 @@
 #include "contactlist/columns.h"
 #include "contactlist/listfill.h"
 #include "contactlist/listsort.h"
+#include "core/datafiles.h"
 #include "core/errorreport.h"
 #include "core/globals.h"
 #include "core/language.h"
@@ -175,7 +176,8 @@ int Run(int argc, char** argv) {
     // Help and version need no window, so they are answered before a display is looked for.
     const CommandLine asked = ReadCommandLine(raw);
     if (asked.action == CommandLine::Help) {
-        printLines(stdout, UsageLines());
+        printLines(stdout, UsageLines() << mLanguageGobals::msgHelpPages.arg(
+                               mCommon::ProgramDataPath(QStringLiteral("help/index.html"))));
         return 0;
     }
     if (asked.action == CommandLine::Version) {

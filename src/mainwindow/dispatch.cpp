@@ -2,6 +2,7 @@
 // switch bars and panes.
 #include "contactlist/checktab.h"
 #include "core/commandids.h"
+#include "core/datafiles.h"
 #include "core/errorreport.h"
 #include "core/globals.h"
 #include "mainwindow/form1.h"
@@ -37,14 +38,13 @@ bool updatesMenu(int id) {
 
 // Commands whose action is still to come: they stay disabled, whatever the state of the window.
 const int kWithoutAction[] = {
-    cmd::FileInfo,         cmd::FileClearDB,     cmd::FileCompactDB, cmd::AccessFull,
-    cmd::AccessReadOnly,   cmd::AccessOptions,   cmd::ContactDelete, cmd::ContactCopy,
-    cmd::ToolsSearch,      cmd::ToolsStatistics, cmd::ToolsReport,   cmd::ToolsReportSelected,
-    cmd::ToolsPreferences, cmd::HelpContents,    cmd::HelpTip,       cmd::HelpWebsite,
-    cmd::HelpSupport,      cmd::HelpFeedback,    cmd::HelpAbout,     cmd::ListDelete,
-    cmd::ListCopy,         cmd::MainDelete,      cmd::MainSearch,    cmd::MainStatistics,
-    cmd::MainReport,       cmd::MainPreferences, cmd::MainHelp,      cmd::ReportOnList,
-    cmd::ReportOnContact,
+    cmd::FileInfo,         cmd::FileClearDB,     cmd::FileCompactDB,   cmd::AccessFull,
+    cmd::AccessReadOnly,   cmd::AccessOptions,   cmd::ContactDelete,   cmd::ContactCopy,
+    cmd::ToolsSearch,      cmd::ToolsStatistics, cmd::ToolsReport,     cmd::ToolsReportSelected,
+    cmd::ToolsPreferences, cmd::HelpTip,         cmd::HelpWebsite,     cmd::HelpSupport,
+    cmd::HelpFeedback,     cmd::HelpAbout,       cmd::ListDelete,      cmd::ListCopy,
+    cmd::MainDelete,       cmd::MainSearch,      cmd::MainStatistics,  cmd::MainReport,
+    cmd::MainPreferences,  cmd::ReportOnList,    cmd::ReportOnContact,
 };
 
 } // namespace
@@ -136,6 +136,11 @@ void Form1::CommandBars1_Execute(CommandBarAction* Control) {
             break;
         case cmd::ViewToolTips:
             SwitchToolTips();
+            break;
+
+        case cmd::HelpContents:
+        case cmd::MainHelp:
+            mCommon::CallHelp();
             break;
         case cmd::ViewStatusBar:
             SwitchStatusBar();

@@ -6,6 +6,7 @@
 #include "core/cfiledialog.h"
 #include "core/commandids.h"
 #include "core/language.h"
+#include "core/seams.h"
 #include "mainwindow/connection.h"
 #include "mainwindow/statusbar.h"
 #include "phonebook/createdb.h"
@@ -26,6 +27,7 @@
 #include <QTimer>
 #include <QToolBar>
 #include <QToolTip>
+#include <QUrl>
 
 namespace {
 
@@ -266,13 +268,15 @@ TEST_F(Commands, FunctionKeysAndTheListPopUpReachTheirCommands) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
     QSignalSpy executed(form->CommandBars1, &CommandBars::Execute);
     form->ListView2->setFocus();
+    const ShellHandler old = SetShellHandler([](const QString&) { return true; });
     for (Qt::Key key : {Qt::Key_F5, Qt::Key_F1, Qt::Key_F3})
         QTest::keyClick(form->ListView2, key);
+    SetShellHandler(old);
     QList<int> ids;
     for (const auto& call : executed)
         ids << call.at(0).value<CommandBarAction*>()->Id();
-    // Help (F1) and Search (F3) stay silent until they have their action.
-    EXPECT_EQ(ids, QList<int>({cmd::ViewRefresh}));
+    // Search (F3) stays silent until it has its action.
+    EXPECT_EQ(ids, QList<int>({cmd::ViewRefresh, cmd::HelpContents}));
 
     QWidget* rows = form->ListView2->viewport();
     QContextMenuEvent menu(QContextMenuEvent::Mouse, QPoint(5, 5), rows->mapToGlobal(QPoint(5, 5)));
@@ -373,4 +377,20 @@ TEST_F(Commands, EveryCommandAndEveryTreeAndRowKindHasAnIcon) {
                 painted += qAlpha(img.pixel(x, y)) > 0;
         EXPECT_GT(painted, 100) << key;
     }
+}
+
+TEST_F(Commands, HelpOpensThePagesInTheBrowser) {
+    open();
+    QStringList opened;
+    const ShellHandler old = SetShellHandler([&](const QString& target) {
+        opened << target;
+        return true;
+    });
+    ASSERT_TRUE(form->CommandBars1->ExecuteId(cmd::HelpContents));
+    ASSERT_TRUE(form->CommandBars1->ExecuteId(cmd::MainHelp));
+    SetShellHandler(old);
+    ASSERT_EQ(opened.size(), 2);
+    EXPECT_EQ(opened[0], opened[1]);
+    EXPECT_TRUE(opened[0].startsWith(QLatin1String("file:///")));
+    EXPECT_TRUE(QFile::exists(QUrl(opened[0]).toLocalFile())) << opened[0].toStdString();
 }
