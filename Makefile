@@ -72,7 +72,7 @@ fuzz:
 	  echo "fuzz_$$t: $$(( (end - start) / 1000000 )) ms"; \
 	done
 
-FORMATTED = $$(git ls-files 'src/*.cpp' 'src/*.h' 'tests/*.cpp' 'tests/*.h' 'bench/*.cpp' 'bench/*.h' 'fuzz/*.cpp' 'fuzz/*.h')
+FORMATTED = $$(git ls-files 'src/*.cpp' 'src/*.h' 'tests/*.cpp' 'tests/*.h' 'bench/*.cpp' 'bench/*.h' 'fuzz/*.cpp' 'fuzz/*.h' 'tools/*.cpp')
 
 format:
 	clang-format -i $(FORMATTED)
