@@ -47,7 +47,7 @@ bench: build
 FUZZ_PACKAGES := clang libclang-rt-dev llvm cmake make pkg-config qt6-base-dev libsqlite3-dev
 FUZZ_BUILD    ?= build-fuzz
 FUZZ_RUNS     ?= 1000000
-FUZZ_TARGETS  := translator like helpers recordset
+FUZZ_TARGETS  := translator like helpers recordset gif
 
 fuzz:
 	@missing=""; for p in $(FUZZ_PACKAGES); do dpkg -s $$p >/dev/null 2>&1 || missing="$$missing $$p"; done; \
