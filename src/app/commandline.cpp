@@ -1,5 +1,6 @@
 #include "app/commandline.h"
 
+#include "core/datafiles.h"
 #include "core/language.h"
 
 #include <QDir>
@@ -39,7 +40,8 @@ QString PhonebookFromCommandLine(const QString& commandLine) {
 }
 
 QStringList UsageLines() {
-    return {msgUsage, msgUsageDetails};
+    return {msgUsage, msgUsageDetails,
+            msgHelpPages.arg(mCommon::ProgramDataPath(QStringLiteral("help/index.html")))};
 }
 
 } // namespace mMain

@@ -6,13 +6,13 @@
 #include "contactlist/columns.h"
 #include "contactlist/listfill.h"
 #include "contactlist/listsort.h"
-#include "core/datafiles.h"
 #include "core/errorreport.h"
 #include "core/globals.h"
 #include "core/language.h"
 #include "core/seams.h"
 #include "mainwindow/connection.h"
 #include "mainwindow/form1.h"
+#include "mainwindow/form9.h"
 #include "mainwindow/statusbar.h"
 #include "phonebook/login.h"
 #include "preferences/mru.h"
@@ -176,8 +176,7 @@ int Run(int argc, char** argv) {
     // Help and version need no window, so they are answered before a display is looked for.
     const CommandLine asked = ReadCommandLine(raw);
     if (asked.action == CommandLine::Help) {
-        printLines(stdout, UsageLines() << mLanguageGobals::msgHelpPages.arg(
-                               mCommon::ProgramDataPath(QStringLiteral("help/index.html"))));
+        printLines(stdout, UsageLines());
         return 0;
     }
     if (asked.action == CommandLine::Version) {
@@ -310,6 +309,7 @@ void Main() {
         mLV::SwitchSortDisk(*form->ListView2, form->ListView2->SortKey(), true);
         busy.reset();
         form->Timer1_Timer(); // the status bar shows the date again
+        RunEvent("mTips.StartupTip", [form] { mTips::StartupTip(false, form); });
         // Without a phonebook, the window that says why and offers Open and New.
         if (!connected) offerPhonebook(*form, reported);
         // A phonebook handed over by a second start during the start opens now.

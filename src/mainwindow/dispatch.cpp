@@ -6,6 +6,8 @@
 #include "core/errorreport.h"
 #include "core/globals.h"
 #include "mainwindow/form1.h"
+#include "mainwindow/form4.h"
+#include "mainwindow/form9.h"
 #include "mainwindow/statusbar.h"
 #include "preferences/preferences.h"
 #include "preferences/settings.h"
@@ -38,13 +40,12 @@ bool updatesMenu(int id) {
 
 // Commands whose action is still to come: they stay disabled, whatever the state of the window.
 const int kWithoutAction[] = {
-    cmd::FileInfo,         cmd::FileClearDB,     cmd::FileCompactDB,   cmd::AccessFull,
-    cmd::AccessReadOnly,   cmd::AccessOptions,   cmd::ContactDelete,   cmd::ContactCopy,
-    cmd::ToolsSearch,      cmd::ToolsStatistics, cmd::ToolsReport,     cmd::ToolsReportSelected,
-    cmd::ToolsPreferences, cmd::HelpTip,         cmd::HelpWebsite,     cmd::HelpSupport,
-    cmd::HelpFeedback,     cmd::HelpAbout,       cmd::ListDelete,      cmd::ListCopy,
-    cmd::MainDelete,       cmd::MainSearch,      cmd::MainStatistics,  cmd::MainReport,
-    cmd::MainPreferences,  cmd::ReportOnList,    cmd::ReportOnContact,
+    cmd::FileInfo,       cmd::FileClearDB,     cmd::FileCompactDB,       cmd::AccessFull,
+    cmd::AccessReadOnly, cmd::AccessOptions,   cmd::ContactDelete,       cmd::ContactCopy,
+    cmd::ToolsSearch,    cmd::ToolsReport,     cmd::ToolsReportSelected, cmd::ToolsPreferences,
+    cmd::HelpWebsite,    cmd::HelpSupport,     cmd::HelpFeedback,        cmd::HelpAbout,
+    cmd::ListDelete,     cmd::ListCopy,        cmd::MainDelete,          cmd::MainSearch,
+    cmd::MainReport,     cmd::MainPreferences, cmd::ReportOnList,        cmd::ReportOnContact,
 };
 
 } // namespace
@@ -141,6 +142,13 @@ void Form1::CommandBars1_Execute(CommandBarAction* Control) {
         case cmd::HelpContents:
         case cmd::MainHelp:
             mCommon::CallHelp();
+            break;
+        case cmd::HelpTip:
+            mTips::StartupTip(true, this);
+            break;
+        case cmd::ToolsStatistics:
+        case cmd::MainStatistics:
+            mTips::Summary(this);
             break;
         case cmd::ViewStatusBar:
             SwitchStatusBar();

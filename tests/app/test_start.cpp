@@ -7,6 +7,7 @@
 #include "core/globals.h"
 #include "core/language.h"
 #include "mainwindow/form1.h"
+#include "mainwindow/form9.h"
 #include "mainwindow/statusbar.h"
 #include "phonebook/createdb.h"
 #include "preferences/mru.h"
@@ -61,6 +62,10 @@ class Start : public TempDirTest {
     // that window gave are kept, one per showing.
     void runMain(int choice = FormNoPhonebook::ChoiceClose) {
         fixture::ModalRecorder dialogs([this, choice](QDialog* d) {
+            if (qobject_cast<Form9*>(d)) {
+                ++tips;
+                return 0;
+            }
             auto* window = qobject_cast<FormNoPhonebook*>(d);
             EXPECT_NE(window, nullptr);
             if (!window) return 0;
@@ -70,6 +75,7 @@ class Start : public TempDirTest {
         mMain::Main();
     }
     QStringList reasons;
+    int tips = 0; // tip windows shown
     QString m_folder;
 };
 
@@ -78,6 +84,7 @@ TEST_F(Start, TheFirstStartMakesTheDefaultPhonebook) {
     runMain();
     EXPECT_TRUE(gMainFormShown);
     EXPECT_FALSE(gNotConnected);
+    EXPECT_EQ(tips, 1); // a first start shows the tip of the day
     EXPECT_EQ(gDBPath, DefaultPhonebook());
     EXPECT_TRUE(QFile::exists(DefaultPhonebook()));
     ASSERT_NE(gForm1, nullptr);
