@@ -120,6 +120,15 @@ TEST_F(Gif, WhatIsNotAGifLoadsNoFrameAndSaysWhy) {
     EXPECT_TRUE(ctl.Image().isNull());
     EXPECT_FALSE(ctl.Playing());
 
+    // A picture too large to animate.
+    QByteArray large = gifFile({10});
+    large[6] = char(2000 & 0xFF);
+    large[7] = char(2000 >> 8);
+    large[8] = char(1000 & 0xFF);
+    large[9] = char(1000 >> 8);
+    EXPECT_EQ(load(large), 481);
+    EXPECT_TRUE(message.contains(QLatin1String("too large"))) << message.toStdString();
+
     // A true header over broken image data, and a file that is not there.
     EXPECT_EQ(load(QByteArray("GIF89a") + QByteArray(20, '\xff')), 481);
     EXPECT_EQ(ctl.FrameCount(), 0);

@@ -5,12 +5,21 @@
 
 namespace {
 
-// The delay of each image of a GIF file as stored, in milliseconds, read from the graphic control
-// blocks that precede the images. Qt's reader lengthens short delays to 100 ms, as browsers do;
-// this control shows each frame for the time the file asks, a zero delay included. The walk
-// stops quietly at the first block it cannot follow.
-QList<int> storedDelays(const QByteArray& data) {
-    QList<int> delays;
+// The largest picture the control animates, screen or frame: a million pixels.
+constexpr qint64 kMaxPixels = 1000 * 1000;
+
+struct Layout {
+    QList<int> delays;  // of each image as stored, in milliseconds
+    qint64 largest = 0; // pixels of the logical screen or of the largest image
+};
+
+// What the blocks of a GIF file say before any image is decoded: the delay of each image, read
+// from the graphic control block that precedes it, and the sizes. Qt's reader lengthens short
+// delays to 100 ms, as browsers do; this control shows each frame for the time the file asks, a
+// zero delay included. The walk stops quietly at the first block it cannot follow.
+Layout readLayout(const QByteArray& data) {
+    Layout layout;
+    QList<int>& delays = layout.delays;
     const qsizetype n = data.size();
     auto byte = [&](qsizetype at) { return at < n ? int(uchar(data[at])) : -1; };
     auto skipSubBlocks = [&](qsizetype& at) {
@@ -21,7 +30,11 @@ QList<int> storedDelays(const QByteArray& data) {
     auto skipTable = [&](qsizetype& at, int packed) {
         if (packed & 0x80) at += 3 * (2 << (packed & 7));
     };
-    if (n < 13) return delays;
+    auto size16 = [&](qsizetype at) {
+        return at + 1 < n ? qint64(byte(at)) | (qint64(byte(at + 1)) << 8) : 0;
+    };
+    if (n < 13) return layout;
+    layout.largest = size16(6) * size16(8);
     qsizetype at = 13;
     skipTable(at, byte(10));
     int pending = 0;
@@ -33,6 +46,7 @@ QList<int> storedDelays(const QByteArray& data) {
                 pending = (byte(at + 2) | (byte(at + 3) << 8)) * 10;
             skipSubBlocks(at);
         } else if (block == 0x2C) {
+            layout.largest = qMax(layout.largest, size16(at + 4) * size16(at + 6));
             at += 8;
             const int packed = byte(at++);
             if (packed < 0) break;
@@ -45,7 +59,7 @@ QList<int> storedDelays(const QByteArray& data) {
             break;
         }
     }
-    return delays;
+    return layout;
 }
 
 } // namespace
@@ -81,7 +95,12 @@ bool clsGIF::Reset() {
         m_error = QStringLiteral("not a GIF file");
         return false;
     }
-    m_delays = storedDelays(GIFdata);
+    const Layout layout = readLayout(GIFdata);
+    if (layout.largest > kMaxPixels) {
+        m_error = QStringLiteral("the picture is too large to animate");
+        return false;
+    }
+    m_delays = layout.delays;
     m_frame = 0;
     m_buffer.setData(GIFdata);
     m_buffer.open(QIODevice::ReadOnly);

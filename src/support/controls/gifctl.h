@@ -17,8 +17,8 @@ class GifCtl : public QWidget {
     explicit GifCtl(QWidget* parent = nullptr);
 
     // Clears the frames, loads the file and shows its first frame; plays it when AutoStart is on.
-    // A file that cannot be read, or is not a GIF file that can be decoded, loads no frame and
-    // raises error 481 with the reason.
+    // A file that cannot be read, is not a GIF file that can be decoded, or has a picture of more
+    // than a million pixels, loads no frame and raises error 481 with the reason.
     void LoadFile(const QString& path);
 
     bool AutoStart() const { return m_autoStart; }
