@@ -14,6 +14,7 @@
 #include "mainwindow/form1.h"
 #include "mainwindow/form9.h"
 #include "mainwindow/statusbar.h"
+#include "mainwindow/tray.h"
 #include "phonebook/login.h"
 #include "preferences/mru.h"
 #include "preferences/regsettings.h"
@@ -317,24 +318,6 @@ void Main() {
         gStarted = true;
         deliverHandedOver();
     });
-}
-
-void MainFormHide() {
-    if (gForm1) gForm1->hide();
-    MainFormVisible = false;
-    gMainFormShown = false;
-}
-
-void MainFormShow() {
-    if (gForm1) {
-        // Out of the tray or the task bar, keeping a maximised window maximised.
-        gForm1->setWindowState(gForm1->windowState() & ~Qt::WindowMinimized);
-        gForm1->show();
-        gForm1->raise();
-        gForm1->activateWindow();
-    }
-    MainFormVisible = true;
-    gMainFormShown = true;
 }
 
 } // namespace mMain

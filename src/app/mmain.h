@@ -10,8 +10,6 @@ namespace mMain {
 int Run(int argc, char** argv);
 // The start sequence: catalogue, checks, preferences, choice and opening of the phonebook, windows.
 void Main();
-void MainFormHide();
-void MainFormShow();
 } // namespace mMain
 
 namespace mMain {

@@ -9,6 +9,7 @@
 #include "mainwindow/form4.h"
 #include "mainwindow/form9.h"
 #include "mainwindow/statusbar.h"
+#include "mainwindow/tray.h"
 #include "preferences/preferences.h"
 #include "preferences/settings.h"
 #include "support/controls/commandbars.h"
@@ -46,6 +47,7 @@ const int kWithoutAction[] = {
     cmd::HelpWebsite,    cmd::HelpSupport,     cmd::HelpFeedback,        cmd::HelpAbout,
     cmd::ListDelete,     cmd::ListCopy,        cmd::MainDelete,          cmd::MainSearch,
     cmd::MainReport,     cmd::MainPreferences, cmd::ReportOnList,        cmd::ReportOnContact,
+    cmd::TrayWebsite,    cmd::TraySupport,     cmd::TrayFeedback,
 };
 
 } // namespace
@@ -142,6 +144,13 @@ void Form1::CommandBars1_Execute(CommandBarAction* Control) {
         case cmd::HelpContents:
         case cmd::MainHelp:
             mCommon::CallHelp();
+            break;
+        case cmd::TrayRestore:
+            mMain::MainFormShow();
+            break;
+        case cmd::TrayExit:
+            mMain::MainFormShow();
+            mnuFileExit_Click();
             break;
         case cmd::HelpTip:
             mTips::StartupTip(true, this);

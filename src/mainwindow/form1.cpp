@@ -1,5 +1,8 @@
 #include "mainwindow/form1.h"
 
+#include "mainwindow/tray.h"
+#include "support/controls/subclass.h"
+
 #include "contactlist/columns.h"
 
 #include "core/commandids.h"
@@ -35,7 +38,7 @@
 using namespace mLanguageGobals;
 
 Form1* gForm1 = nullptr;
-bool MainFormVisible = false;
+bool MainFormVisible = true;
 qint16 LastWindowState = 0;
 qint16 CurrentWindowsTheme = 0;
 
@@ -137,6 +140,7 @@ void Form1::Form_Load() {
     mProgressBar::MoveIntoStatusBar(ProgressBar1, StatusBar1, 1);
     StatusBar1->setVisible(ShowStatusbar);
     mRegSettings::GetWindowConfig(this, QStringLiteral("Form1"));
+    SubClasser::StartSubClass(this, SubClassMy::MainWindow);
     mRegSettings::ApplyPreferences(true, ToolbarTheme, AppTheme, {CatTree, ListView2, ListView1});
     mMru::ShowMRUList();
     Timer1_Timer();
@@ -174,8 +178,12 @@ void Form1::changeEvent(QEvent* event) {
 
 void Form1::Form_Resize() {
     HUNT_PLACE("Form1.Form_Resize");
-    if (isMinimized()) return;
-    LastWindowState = isMaximized() ? 2 : 0;
+    if (!isMinimized()) {
+        LastWindowState = isMaximized() ? 2 : 0;
+        return;
+    }
+    // Where the desktop has no notification area the window stays minimised as usual.
+    if (MinimizeToTray && MainFormVisible && mTray::AddIcon()) mMain::MainFormHide();
 }
 
 bool Form1::eventFilter(QObject* watched, QEvent* event) {

@@ -230,6 +230,14 @@ void Form1::LoadMenuToolbar() {
 
     buildListPopup();
 
+    // The pop-up of the tray icon.
+    QMenu* tray = cb.AddContextMenu(QStringLiteral("PopupTray"));
+    cb.AddButton(tray, kPlain, cmd::TrayRestore, msgRestore);
+    cb.AddButton(tray, kPlain, cmd::TrayWebsite, msgWebsite, true);
+    cb.AddButton(tray, kPlain, cmd::TraySupport, msgTechnicalSupport);
+    cb.AddButton(tray, kPlain, cmd::TrayFeedback, msgSendFeedbackMenu);
+    cb.AddButton(tray, kPlain, cmd::TrayExit, msgExit, true);
+
     // The pop-up of a tree node: the node commands of the Categories menu.
     QMenu* nodePopup = cb.AddContextMenu(QStringLiteral("TreePopup"));
     cb.AddButton(nodePopup, kPlain, cmd::CategoryQuickAdd, msgQuickAdd);

@@ -47,7 +47,10 @@ class Keys : public fixture::TempDirTest {
         mMain::Closing();
         SaveSetting(AppTitle(), u"PreferencesNew"_s, u"CategoryNormalMode"_s, true);
         mMain::SetCommandLine(m_book);
-        mMain::Main();
+        {
+            fixture::ModalRecorder tip([](QDialog*) { return 0; }); // the tip of a first start
+            mMain::Main();
+        }
         ASSERT_FALSE(gNotConnected);
         ASSERT_TRUE(QTest::qWaitForWindowExposed(gForm1));
         gForm1->activateWindow();

@@ -11,6 +11,7 @@
 
 #include <QAbstractButton>
 #include <QLabel>
+#include <QScreen>
 #include <QToolBar>
 
 namespace {
@@ -45,9 +46,11 @@ TEST_F(Panes, TheFourPanesHoldTheirControlsInTheDefaultPlaces) {
     EXPECT_LT(list.bottom(), card.top());
     EXPECT_LT(card.right(), photo.left());
     EXPECT_EQ(card.top(), photo.top());
-    EXPECT_NEAR(tree.width(), 220, 12);
-    EXPECT_GE(f.minimumWidth(), 780);
-    EXPECT_GE(f.minimumHeight(), 540);
+    // The window takes its default size as far as its screen allows, and the tree a fifth of it.
+    EXPECT_EQ(f.size(), QSize(1024, 720).boundedTo(f.screen()->size()));
+    EXPECT_NEAR(tree.width(), 220 * f.width() / 1024, 50);
+    EXPECT_EQ(f.minimumSize(), QSize(780, 540));
+    EXPECT_EQ(f.maximumSize(), f.screen()->size());
     // A contact without a photo shows the picture for none, inside the pane, and smaller when
     // the pane is narrower than the picture.
     f.SetNoImage();
@@ -59,6 +62,8 @@ TEST_F(Panes, TheFourPanesHoldTheirControlsInTheDefaultPlaces) {
     EXPECT_LE(f.picBox->width(), f.PPhoto->widget()->width());
     EXPECT_NEAR(double(f.picBox->height()) / f.picBox->width(),
                 double(f.imNoImage.height()) / f.imNoImage.width(), 0.05);
+    f.resize(500, 300); // never smaller than the rule
+    EXPECT_EQ(f.size(), QSize(780, 540));
 }
 
 TEST_F(Panes, ClosingAPaneByItsButtonUnticksItsEntryAndStoresThat) {

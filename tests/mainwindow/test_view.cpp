@@ -87,7 +87,10 @@ class View : public fixture::TempDirTest {
     Form1& start(bool normalMode = false) {
         SaveSetting(AppTitle(), u"PreferencesNew"_s, u"CategoryNormalMode"_s, normalMode);
         mMain::SetCommandLine(m_book);
-        mMain::Main();
+        {
+            fixture::ModalRecorder tip([](QDialog*) { return 0; }); // the tip of a first start
+            mMain::Main();
+        }
         EXPECT_FALSE(gNotConnected);
         Form1& f = *gForm1;
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&f));

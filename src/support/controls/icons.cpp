@@ -664,6 +664,12 @@ const QHash<int, Draw>& commands() {
         t.insert(cmd::ReportOnContact, withBadge(report, [](QPainter& p) { person(p, 7, 7, 0.55); }));
         t.insert(cmd::MainPreferences, prefs);
         t.insert(cmd::MainHelp, help);
+
+        t.insert(cmd::TrayRestore, restore);
+        t.insert(cmd::TrayWebsite, globe);
+        t.insert(cmd::TraySupport, lifebuoy);
+        t.insert(cmd::TrayFeedback, envelope);
+        t.insert(cmd::TrayExit, door);
         return t;
     }();
     return table;
