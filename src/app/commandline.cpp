@@ -1,9 +1,11 @@
 #include "app/commandline.h"
 
 #include "core/language.h"
+#include "legacy/convert.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <cstdio>
 
 using namespace mLanguageGobals;
 
@@ -13,6 +15,7 @@ CommandLine ReadCommandLine(const QStringList& arguments) {
     CommandLine line;
     QStringList names;
     bool optionsEnded = false;
+    bool convert = false;
     for (const QString& arg : arguments) {
         if (optionsEnded || !arg.startsWith(QLatin1Char('-')) || arg == QLatin1String("-")) {
             names << arg;
@@ -22,6 +25,8 @@ CommandLine ReadCommandLine(const QStringList& arguments) {
             line.action = CommandLine::Help;
         } else if (arg == QLatin1String("--version") || arg == QLatin1String("-v")) {
             if (line.action != CommandLine::Help) line.action = CommandLine::Version;
+        } else if (arg == QLatin1String("--convert")) {
+            convert = true;
         } else if (line.option.isEmpty()) {
             line.option = arg;
         }
@@ -29,6 +34,16 @@ CommandLine ReadCommandLine(const QStringList& arguments) {
     // Help and version are answered whatever else stands there.
     if (line.action == CommandLine::Start && !line.option.isEmpty()) line.action = CommandLine::UnknownOption;
     line.phonebook = names.join(QLatin1Char(' '));
+    if (convert && line.action == CommandLine::Start) {
+        // The names are OLD and NEW here: a path with blanks is quoted, as for any script.
+        line.action = CommandLine::Convert;
+        line.convertFrom = names.value(0);
+        line.convertTo = names.value(1);
+        if (names.size() > 2) {
+            line.action = CommandLine::UnknownOption;
+            line.option = names[2];
+        }
+    }
     return line;
 }
 
@@ -39,7 +54,32 @@ QString PhonebookFromCommandLine(const QString& commandLine) {
 }
 
 QStringList UsageLines() {
-    return {msgUsage, msgUsageDetails};
+    return {msgUsage, msgUsageDetails, msgUsageConvert};
+}
+
+namespace {
+void printLine(std::FILE* to, const QString& line) {
+    std::fprintf(to, "%s\n", QString(line).replace(QLatin1Char('\n'), QLatin1Char(' ')).toLocal8Bit().constData());
+    std::fflush(to);
+}
+} // namespace
+
+int RunConvert(const CommandLine& line) {
+    if (line.convertFrom.isEmpty()) {
+        printLine(stderr, QStringLiteral("kelvarin: ") + msgConvertNeedsFile);
+        return 2;
+    }
+    const QString from = PhonebookFromCommandLine(line.convertFrom);
+    const QString to =
+        line.convertTo.isEmpty() ? mLegacy::ConvertedName(from) : PhonebookFromCommandLine(line.convertTo);
+    try {
+        mLegacy::ConvertJet(from, to);
+    } catch (const mLegacy::ConversionError& e) {
+        printLine(stderr, QStringLiteral("kelvarin: ") + mLegacy::ConversionMessage(e, from));
+        return 1;
+    }
+    printLine(stdout, to);
+    return 0;
 }
 
 } // namespace mMain

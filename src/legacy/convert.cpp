@@ -73,8 +73,13 @@ void createPhonebook(const QString& path) {
                                              : said.join(QLatin1Char(' ')));
 }
 
+[[noreturn]] void cancelled() {
+    throw ConversionError(ConversionError::Cancelled, dao::errGeneral, QStringLiteral("The conversion was cancelled."));
+}
+
 void copyRows(const JetFile& jet, const TablePlan& table, qint64& done, qint64 total,
               const Progress& progress) {
+    if (progress && !progress(done, total)) cancelled();
     dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM ") + table.Def.Name);
     const std::vector<dao::Field>& fields = table.Def.Fields;
     jet.ReadRows(table.Def.Name, [&](const QVariantList& values) {
@@ -83,11 +88,20 @@ void copyRows(const JetFile& jet, const TablePlan& table, qint64& done, qint64 t
             rs.SetValue(fields[i].Name, values[int(i)]);
         rs.Update();
         ++done;
-        if (progress && done % 64 == 0 && !progress(done, total))
-            throw ConversionError(ConversionError::Cancelled, dao::errGeneral,
-                                  QStringLiteral("The conversion was cancelled."));
+        if (progress && done % 64 == 0 && !progress(done, total)) cancelled();
     });
     rs.Close();
+}
+
+// A Jet Boolean is never Null: the fields the upgrade added to rows of the file read False there.
+void falseForNullBooleans() {
+    dao::Transaction trans(gWS);
+    dao::TableDefs defs = gDB.TableDefs();
+    for (const QString& table : defs.Names())
+        for (const dao::Field& f : defs.Item(table).Fields)
+            if (f.Type == dao::dbBoolean)
+                gDB.ExecuteNative(QStringLiteral("UPDATE \"%1\" SET \"%2\" = 0 WHERE \"%2\" IS NULL").arg(table, f.Name));
+    trans.Commit();
 }
 
 } // namespace
@@ -126,9 +140,6 @@ void ConvertJet(const QString& jetPath, const QString& newPath, const Progress& 
     OwnConnection own;
     try {
         qint64 done = 0;
-        if (progress && !progress(0, plan.Rows))
-            throw ConversionError(ConversionError::Cancelled, dao::errGeneral,
-                                  QStringLiteral("The conversion was cancelled."));
         if (plan.Current) {
             createPhonebook(newPath);
             dao::Transaction trans(gWS);
@@ -154,6 +165,7 @@ void ConvertJet(const QString& jetPath, const QString& newPath, const Progress& 
         }
         gFileReadOnly = false;
         mAccess::UpgradeChain();
+        falseForNullBooleans();
         if (progress) progress(plan.Rows, plan.Rows);
         mMain::Closing();
     } catch (const ConversionError&) {
@@ -164,13 +176,17 @@ void ConvertJet(const QString& jetPath, const QString& newPath, const Progress& 
         mMain::Closing();
         QFile::remove(newPath);
         throw ConversionError(ConversionError::Target, e.Number(), e.Description());
+    } catch (...) {
+        mMain::Closing();
+        QFile::remove(newPath);
+        throw;
     }
 }
 
 QString ConversionMessage(const ConversionError& e, const QString& jetPath) {
     switch (e.kind()) {
     case ConversionError::Unreadable:
-        return msgJetUnreadable.arg(jetPath);
+        return IsJetFile(jetPath) ? msgJetUnreadable.arg(jetPath) : msgJetNotJet.arg(jetPath);
     case ConversionError::OtherSchema:
         return msgJetOtherSchema.arg(jetPath);
     case ConversionError::Cancelled:

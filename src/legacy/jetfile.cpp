@@ -214,7 +214,7 @@ void JetFile::ReadRows(const QString& table, const std::function<void(const QVar
         // it was just read from, for the null flags and the stored numbers.
         int start = 0;
         size_t size = 0;
-        if (!mdb_find_row(mdb, int(t.def->cur_row) - 1, &start, &size))
+        if (mdb_find_row(mdb, int(t.def->cur_row) - 1, &start, &size) != 0)
             unreadable(QStringLiteral("A row of %1 cannot be found again.").arg(table));
         const int cracked = mdb_crack_row(t.def, start, size, fields.data());
         std::fill(fieldOf.begin(), fieldOf.end(), -1);
