@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QFileInfo>
 #include <cstdio>
+#include <fcntl.h>
+#include <unistd.h>
 
 using namespace mLanguageGobals;
 
@@ -59,7 +61,8 @@ QStringList UsageLines() {
 
 namespace {
 void printLine(std::FILE* to, const QString& line) {
-    std::fprintf(to, "%s\n", QString(line).replace(QLatin1Char('\n'), QLatin1Char(' ')).toLocal8Bit().constData());
+    std::fprintf(to, "%s\n",
+                 QString(line).replace(QLatin1Char('\n'), QLatin1Char(' ')).toLocal8Bit().constData());
     std::fflush(to);
 }
 } // namespace
@@ -72,12 +75,26 @@ int RunConvert(const CommandLine& line) {
     const QString from = PhonebookFromCommandLine(line.convertFrom);
     const QString to =
         line.convertTo.isEmpty() ? mLegacy::ConvertedName(from) : PhonebookFromCommandLine(line.convertTo);
+    // libmdb writes its own notes on a damaged file to the standard error: the one line below
+    // says what a script needs to know.
+    std::fflush(stderr);
+    const int saved = ::dup(STDERR_FILENO);
+    const int null = ::open("/dev/null", O_WRONLY);
+    if (null >= 0) ::dup2(null, STDERR_FILENO);
+    const auto restore = [&] {
+        std::fflush(stderr);
+        if (saved >= 0) ::dup2(saved, STDERR_FILENO);
+        if (saved >= 0) ::close(saved);
+        if (null >= 0) ::close(null);
+    };
     try {
         mLegacy::ConvertJet(from, to);
     } catch (const mLegacy::ConversionError& e) {
+        restore();
         printLine(stderr, QStringLiteral("kelvarin: ") + mLegacy::ConversionMessage(e, from));
         return 1;
     }
+    restore();
     printLine(stdout, to);
     return 0;
 }

@@ -23,8 +23,7 @@ namespace {
 // open before is set aside for that time and put back afterwards, however the block is left.
 class OwnConnection {
   public:
-    OwnConnection()
-        : m_ws(gWS), m_db(gDB), m_wsOpen(gWSOpen), m_dbOpen(gDBOpen), m_readOnly(gFileReadOnly) {
+    OwnConnection() : m_ws(gWS), m_db(gDB), m_wsOpen(gWSOpen), m_dbOpen(gDBOpen), m_readOnly(gFileReadOnly) {
         gWS = dao::Workspace();
         gDB = dao::Database();
         gWSOpen = gDBOpen = false;
@@ -74,7 +73,8 @@ void createPhonebook(const QString& path) {
 }
 
 [[noreturn]] void cancelled() {
-    throw ConversionError(ConversionError::Cancelled, dao::errGeneral, QStringLiteral("The conversion was cancelled."));
+    throw ConversionError(ConversionError::Cancelled, dao::errGeneral,
+                          QStringLiteral("The conversion was cancelled."));
 }
 
 void copyRows(const JetFile& jet, const TablePlan& table, qint64& done, qint64 total,
@@ -100,7 +100,8 @@ void falseForNullBooleans() {
     for (const QString& table : defs.Names())
         for (const dao::Field& f : defs.Item(table).Fields)
             if (f.Type == dao::dbBoolean)
-                gDB.ExecuteNative(QStringLiteral("UPDATE \"%1\" SET \"%2\" = 0 WHERE \"%2\" IS NULL").arg(table, f.Name));
+                gDB.ExecuteNative(
+                    QStringLiteral("UPDATE \"%1\" SET \"%2\" = 0 WHERE \"%2\" IS NULL").arg(table, f.Name));
     trans.Commit();
 }
 

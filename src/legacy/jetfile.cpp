@@ -91,7 +91,9 @@ struct Table {
     }
     Table(const Table&) = delete;
     Table& operator=(const Table&) = delete;
-    MdbColumn* column(unsigned i) const { return static_cast<MdbColumn*>(g_ptr_array_index(def->columns, i)); }
+    MdbColumn* column(unsigned i) const {
+        return static_cast<MdbColumn*>(g_ptr_array_index(def->columns, i));
+    }
 };
 
 } // namespace
@@ -122,8 +124,9 @@ struct JetFile::Impl {
 
     MdbCatalogEntry* need(const QString& table) const {
         MdbCatalogEntry* e = entry(table);
-        if (!e) throw ConversionError(ConversionError::OtherSchema, dao::errItemNotFound,
-                                      QStringLiteral("No table %1 in %2").arg(table, path));
+        if (!e)
+            throw ConversionError(ConversionError::OtherSchema, dao::errItemNotFound,
+                                  QStringLiteral("No table %1 in %2").arg(table, path));
         return e;
     }
 };

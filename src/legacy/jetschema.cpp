@@ -19,11 +19,10 @@ const QStringList& requiredTables() {
 // Fields that an older phonebook may lack: those the upgrade adds, and those that tables created
 // by the upgrade never had.
 bool mayBeMissing(const QString& table, const QString& field) {
-    static const QSet<QString> cds = {QStringLiteral("IDC"),       QStringLiteral("IDB"),
-                                      QStringLiteral("IsLend"),    QStringLiteral("LoanStart"),
-                                      QStringLiteral("LoanComment"), QStringLiteral("IDX"),
-                                      QStringLiteral("Photo"),     QStringLiteral("PhotoExt"),
-                                      QStringLiteral("PhotoSize")};
+    static const QSet<QString> cds = {
+        QStringLiteral("IDC"),       QStringLiteral("IDB"),         QStringLiteral("IsLend"),
+        QStringLiteral("LoanStart"), QStringLiteral("LoanComment"), QStringLiteral("IDX"),
+        QStringLiteral("Photo"),     QStringLiteral("PhotoExt"),    QStringLiteral("PhotoSize")};
     static const QSet<QString> trees = {QStringLiteral("Comment"), QStringLiteral("Catpath")};
     static const QSet<QString> borrows = {QStringLiteral("Comment"),     QStringLiteral("Address"),
                                           QStringLiteral("PhoneHome"),   QStringLiteral("PhoneWork"),
@@ -73,7 +72,8 @@ ConversionPlan PlanConversion(const JetFile& jet) {
         if (!known) otherSchema(QStringLiteral("The table %1 is no part of a phonebook.").arg(name));
     }
     for (const QString& name : requiredTables())
-        if (!jet.HasTable(name)) otherSchema(QStringLiteral("The table %1 of a phonebook is missing.").arg(name));
+        if (!jet.HasTable(name))
+            otherSchema(QStringLiteral("The table %1 of a phonebook is missing.").arg(name));
 
     plan.Current = true;
     for (const dao::TableDef& model : schema) {
@@ -86,7 +86,8 @@ ConversionPlan PlanConversion(const JetFile& jet) {
         QSet<QString> present;
         for (const JetColumn& col : jet.Columns(model.Name)) {
             if (!model.HasField(col.Name))
-                otherSchema(QStringLiteral("The field %1.%2 is no part of a phonebook.").arg(model.Name, col.Name));
+                otherSchema(
+                    QStringLiteral("The field %1.%2 is no part of a phonebook.").arg(model.Name, col.Name));
             dao::Field field = model.FieldByName(col.Name);
             if (jetTypeOf(field.Type) != col.Type)
                 otherSchema(QStringLiteral("The field %1.%2 is not of the type a phonebook gives it.")
@@ -100,7 +101,8 @@ ConversionPlan PlanConversion(const JetFile& jet) {
         for (const dao::Field& field : model.Fields) {
             if (present.contains(field.Name)) continue;
             if (!mayBeMissing(model.Name, field.Name))
-                otherSchema(QStringLiteral("The field %1.%2 of a phonebook is missing.").arg(model.Name, field.Name));
+                otherSchema(
+                    QStringLiteral("The field %1.%2 of a phonebook is missing.").arg(model.Name, field.Name));
             plan.Current = false;
         }
         // Indexes whose fields are all there.

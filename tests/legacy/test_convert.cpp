@@ -125,15 +125,15 @@ TEST_F(ConvertTest, APhonebookArrivesWholeAndTheOriginalStaysAsItWas) {
 
     const QJsonObject want = expected("jet-small.expected.json");
     // Opening moves the contact with a Null group to group 1, as it does for any phonebook.
-    expectTables(want.value(QStringLiteral("schema")).toObject(), want.value(QStringLiteral("tables")).toObject(),
-                 [](const QString& table, QJsonObject& row) {
+    expectTables(want.value(QStringLiteral("schema")).toObject(),
+                 want.value(QStringLiteral("tables")).toObject(), [](const QString& table, QJsonObject& row) {
                      if (table == QLatin1String("CDs") && row.value(QStringLiteral("IDX")).isNull())
                          row.insert(QStringLiteral("IDX"), 1);
                  });
 
     // The photos are the stored bytes: the picture file and the filler after it.
-    dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT IDCD, Photo, Comment FROM CDs ORDER BY IDCD"),
-                                          dao::dbOpenSnapshot);
+    dao::Recordset rs = gDB.OpenRecordset(
+        QStringLiteral("SELECT IDCD, Photo, Comment FROM CDs ORDER BY IDCD"), dao::dbOpenSnapshot);
     QMap<int, QByteArray> photos;
     QMap<int, QString> comments;
     for (; !rs.AtEOF(); rs.MoveNext()) {
@@ -162,8 +162,10 @@ TEST_F(ConvertTest, AnOlderFormatIsConvertedAsItStandsThenUpgraded) {
     const QByteArray before = bytesOf(jet);
     convertAndOpen(jet, path(QStringLiteral("old.kvdb")));
     EXPECT_EQ(bytesOf(jet), before);
-    const QJsonObject after = expected("jet-oldformat.expected.json").value(QStringLiteral("after_upgrade")).toObject();
-    expectTables(after.value(QStringLiteral("schema")).toObject(), after.value(QStringLiteral("tables")).toObject());
+    const QJsonObject after =
+        expected("jet-oldformat.expected.json").value(QStringLiteral("after_upgrade")).toObject();
+    expectTables(after.value(QStringLiteral("schema")).toObject(),
+                 after.value(QStringLiteral("tables")).toObject());
 }
 
 TEST_F(ConvertTest, RefusedFilesLeaveNoNewFileAndTheOriginalUnchanged) {
@@ -228,7 +230,8 @@ TEST_F(ConvertTest, ACancelledConversionLeavesNothingAndTheOpenPhonebookOpen) {
     // The phonebook open before is still the open one, and still works.
     ASSERT_TRUE(gDBOpen);
     EXPECT_EQ(gDB.Name(), open);
-    dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT Count(*) FROM Categories"), dao::dbOpenSnapshot);
+    dao::Recordset rs =
+        gDB.OpenRecordset(QStringLiteral("SELECT Count(*) FROM Categories"), dao::dbOpenSnapshot);
     EXPECT_EQ(rs.Value(0).toInt(), 13);
     rs.Close();
 
@@ -247,7 +250,8 @@ TEST_F(ConvertTest, TheNewNameIsNumberedAndFallsBackToTheDocumentsFolder) {
     EXPECT_EQ(mLegacy::ConvertedName(QStringLiteral("/proc/book.kvdb")),
               QDir(DefaultFolder()).filePath(QStringLiteral("book (converted).kvdb")));
     // An existing target is never overwritten.
-    EXPECT_THROW(mLegacy::ConvertJet(jet, path(QStringLiteral("jet-small (converted).kvdb"))), ConversionError);
+    EXPECT_THROW(mLegacy::ConvertJet(jet, path(QStringLiteral("jet-small (converted).kvdb"))),
+                 ConversionError);
 }
 
 TEST_F(ConvertTest, TheReaderGivesTypedValuesAndSkipsDeletedRows) {
