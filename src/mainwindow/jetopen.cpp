@@ -38,7 +38,8 @@ QString OfferConversion(const QString& path, QWidget* owner) {
         return QString();
     }
     const QString converted = mLegacy::ConvertedName(path);
-    if (MsgBox(msgJetConvertQuestion.arg(converted), vb::vbYesNo, vb::vbQuestion) != vb::vbYes)
+    if (MsgBox(msgJetConvertQuestion + QStringLiteral("\n\n") + msgJetNewFile.arg(converted), vb::vbYesNo,
+               vb::vbQuestion) != vb::vbYes)
         return QString();
 
     QProgressDialog window(msgJetConverting.arg(path), msgCancel, 0, 100, owner);

@@ -45,7 +45,8 @@ TEST_F(JetOpenTest, AgreedTheConvertedPhonebookOpensAndTakesThePlaceInTheRecentL
     fixture::MsgBoxRecorder boxes(vb::vbYes);
     form->OpenPhonebook(jet);
     ASSERT_EQ(boxes.boxes.size(), 1);
-    EXPECT_EQ(boxes.boxes[0].text, msgJetConvertQuestion.arg(converted));
+    EXPECT_EQ(boxes.boxes[0].text,
+              msgJetConvertQuestion + QStringLiteral("\n\n") + msgJetNewFile.arg(converted));
     EXPECT_EQ(gDBPath, converted);
     EXPECT_FALSE(gNotConnected);
     EXPECT_EQ(mMru::MRUFiles.value(0), converted);
