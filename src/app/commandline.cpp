@@ -2,9 +2,13 @@
 
 #include "core/datafiles.h"
 #include "core/language.h"
+#include "legacy/convert.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <cstdio>
+#include <fcntl.h>
+#include <unistd.h>
 
 using namespace mLanguageGobals;
 
@@ -14,6 +18,7 @@ CommandLine ReadCommandLine(const QStringList& arguments) {
     CommandLine line;
     QStringList names;
     bool optionsEnded = false;
+    bool convert = false;
     for (const QString& arg : arguments) {
         if (optionsEnded || !arg.startsWith(QLatin1Char('-')) || arg == QLatin1String("-")) {
             names << arg;
@@ -23,6 +28,8 @@ CommandLine ReadCommandLine(const QStringList& arguments) {
             line.action = CommandLine::Help;
         } else if (arg == QLatin1String("--version") || arg == QLatin1String("-v")) {
             if (line.action != CommandLine::Help) line.action = CommandLine::Version;
+        } else if (arg == QLatin1String("--convert")) {
+            convert = true;
         } else if (line.option.isEmpty()) {
             line.option = arg;
         }
@@ -30,6 +37,16 @@ CommandLine ReadCommandLine(const QStringList& arguments) {
     // Help and version are answered whatever else stands there.
     if (line.action == CommandLine::Start && !line.option.isEmpty()) line.action = CommandLine::UnknownOption;
     line.phonebook = names.join(QLatin1Char(' '));
+    if (convert && line.action == CommandLine::Start) {
+        // The names are OLD and NEW here: a path with blanks is quoted, as for any script.
+        line.action = CommandLine::Convert;
+        line.convertFrom = names.value(0);
+        line.convertTo = names.value(1);
+        if (names.size() > 2) {
+            line.action = CommandLine::UnknownOption;
+            line.option = names[2];
+        }
+    }
     return line;
 }
 
@@ -40,8 +57,48 @@ QString PhonebookFromCommandLine(const QString& commandLine) {
 }
 
 QStringList UsageLines() {
-    return {msgUsage, msgUsageDetails,
+    return {msgUsage, msgUsageDetails, msgUsageConvert,
             msgHelpPages.arg(mCommon::ProgramDataPath(QStringLiteral("help/index.html")))};
+}
+
+namespace {
+void printLine(std::FILE* to, const QString& line) {
+    std::fprintf(to, "%s\n",
+                 QString(line).replace(QLatin1Char('\n'), QLatin1Char(' ')).toLocal8Bit().constData());
+    std::fflush(to);
+}
+} // namespace
+
+int RunConvert(const CommandLine& line) {
+    if (line.convertFrom.isEmpty()) {
+        printLine(stderr, QStringLiteral("kelvarin: ") + msgConvertNeedsFile);
+        return 2;
+    }
+    const QString from = PhonebookFromCommandLine(line.convertFrom);
+    const QString to =
+        line.convertTo.isEmpty() ? mLegacy::ConvertedName(from) : PhonebookFromCommandLine(line.convertTo);
+    // libmdb writes its own notes on a damaged file to the standard error: the one line below
+    // says what a script needs to know.
+    std::fflush(stderr);
+    const int saved = ::dup(STDERR_FILENO);
+    const int null = ::open("/dev/null", O_WRONLY);
+    if (null >= 0) ::dup2(null, STDERR_FILENO);
+    const auto restore = [&] {
+        std::fflush(stderr);
+        if (saved >= 0) ::dup2(saved, STDERR_FILENO);
+        if (saved >= 0) ::close(saved);
+        if (null >= 0) ::close(null);
+    };
+    try {
+        mLegacy::ConvertJet(from, to);
+    } catch (const mLegacy::ConversionError& e) {
+        restore();
+        printLine(stderr, QStringLiteral("kelvarin: ") + mLegacy::ConversionMessage(e, from));
+        return 1;
+    }
+    restore();
+    printLine(stdout, to);
+    return 0;
 }
 
 } // namespace mMain

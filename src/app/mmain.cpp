@@ -10,9 +10,11 @@
 #include "core/globals.h"
 #include "core/language.h"
 #include "core/seams.h"
+#include "legacy/jetfile.h"
 #include "mainwindow/connection.h"
 #include "mainwindow/form1.h"
 #include "mainwindow/form9.h"
+#include "mainwindow/jetopen.h"
 #include "mainwindow/statusbar.h"
 #include "mainwindow/tray.h"
 #include "phonebook/login.h"
@@ -184,6 +186,13 @@ int Run(int argc, char** argv) {
         printLines(stdout, {AppTitle() + QLatin1Char(' ') + mRegSettings::ProgramVersion()});
         return 0;
     }
+    if (asked.action == CommandLine::Convert) {
+        // No window: the documents folder and the catalogue are all a conversion needs.
+        QCoreApplication app(argc, argv);
+        QCoreApplication::setOrganizationName(AppTitle());
+        QCoreApplication::setApplicationName(AppTitle());
+        return RunConvert(asked);
+    }
     if (!displayNamed(raw)) {
         printLines(stderr, {mLanguageGobals::msgNoDisplay});
         return 1;
@@ -264,7 +273,17 @@ void Main() {
         // Open, or create, and upgrade. A folder is no phonebook: there is nothing to open.
         QStringList reported;
         bool connected = false;
-        if (!QFileInfo(gDBPath).isDir()) {
+        // A phonebook of the Windows version is offered for conversion, and the converted one opens.
+        bool unconverted = false;
+        if (mLegacy::IsJetFile(gDBPath)) {
+            const QString converted = mConvert::OfferConversion(gDBPath, nullptr);
+            unconverted = converted.isEmpty();
+            if (unconverted)
+                reported << msgJetNotConverted;
+            else
+                gDBPath = converted;
+        }
+        if (!QFileInfo(gDBPath).isDir() && !unconverted) {
             MessagesKept kept(reported);
             connected = mLogin::LoginCnn(true);
         }

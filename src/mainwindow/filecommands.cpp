@@ -5,8 +5,10 @@
 #include "core/globals.h"
 #include "core/language.h"
 #include "core/seams.h"
+#include "legacy/jetfile.h"
 #include "mainwindow/connection.h"
 #include "mainwindow/form1.h"
+#include "mainwindow/jetopen.h"
 #include "phonebook/fileerrors.h"
 #include "phonebook/login.h"
 #include "phonebook/store/dao.h"
@@ -168,7 +170,13 @@ void Form1::OpenPhonebook(const QString& path) {
 }
 
 // The common road of Open and Recent once the path is known.
-void Form1::openChosen(const QString& path) {
+void Form1::openChosen(const QString& chosen) {
+    QString path = chosen;
+    // A phonebook of the Windows version opens converted; without a conversion, what was open stays.
+    if (mLegacy::IsJetFile(path)) {
+        path = mConvert::OfferConversion(path, this);
+        if (path.isEmpty()) return;
+    }
     gDBPath = path;
     mCommon::Disconnect();
     showLogin(mLogin::LoginCnn(false));

@@ -6,8 +6,10 @@
 #include "preferences/regsettings.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QFileInfo>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace mLanguageGobals;
@@ -109,4 +111,34 @@ TEST(ProgramTest, AnUnknownOptionIsNamedWithTheUsage) {
     EXPECT_TRUE(
         ran.err.contains(msgUnknownOption.arg(QStringLiteral("--colour")) + QLatin1Char('\n') + msgUsage))
         << ran.err.toStdString();
+}
+
+TEST(ProgramTest, ConvertTurnsAWindowsPhonebookIntoANewOneWithoutADisplay) {
+    QTemporaryDir dir;
+    const QString jet = dir.filePath(QStringLiteral("book.kvdb"));
+    ASSERT_TRUE(QFile::copy(QStringLiteral(KELVARIN_SOURCE_DIR "/tests/legacy/data/jet-small.mdb"), jet));
+    Ran ran = runProgram({QStringLiteral("--convert"), jet}, kNoDisplay);
+    const QString converted = dir.filePath(QStringLiteral("book (converted).kvdb"));
+    EXPECT_EQ(ran.code, 0) << ran.err.toStdString();
+    EXPECT_EQ(ran.out, converted + QLatin1Char('\n'));
+    EXPECT_TRUE(QFile::exists(converted));
+
+    // A damaged file: one line on the standard error, no new file, status 1.
+    const QString cut = dir.filePath(QStringLiteral("cut.kvdb"));
+    QFile in(jet), out(cut);
+    ASSERT_TRUE(in.open(QIODevice::ReadOnly) && out.open(QIODevice::WriteOnly));
+    out.write(in.read(8192));
+    out.close();
+    ran =
+        runProgram({QStringLiteral("--convert"), cut, dir.filePath(QStringLiteral("new.kvdb"))}, kNoDisplay);
+    EXPECT_EQ(ran.code, 1);
+    EXPECT_EQ(ran.err.count(QLatin1Char('\n')), 1) << ran.err.toStdString();
+    EXPECT_TRUE(ran.err.startsWith(QStringLiteral("kelvarin: ")));
+    EXPECT_FALSE(QFile::exists(dir.filePath(QStringLiteral("new.kvdb"))));
+
+    const CommandLine line = mMain::ReadCommandLine(
+        {QStringLiteral("--convert"), QStringLiteral("old.kvdb"), QStringLiteral("new.kvdb")});
+    EXPECT_EQ(line.action, CommandLine::Convert);
+    EXPECT_EQ(line.convertFrom, QStringLiteral("old.kvdb"));
+    EXPECT_EQ(line.convertTo, QStringLiteral("new.kvdb"));
 }

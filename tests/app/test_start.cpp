@@ -315,3 +315,31 @@ TEST_F(SecondStart, APhonebookHandedOverWaitsForAnOpenDialogToClose) {
     ASSERT_TRUE(waitForOther());
     EXPECT_FALSE(gNotConnected);
 }
+
+TEST_F(Start, APhonebookOfTheWindowsVersionOnTheCommandLineOpensConvertedOrIsExplained) {
+    const QString jet = path(QStringLiteral("old book.kvdb"));
+    ASSERT_TRUE(QFile::copy(QStringLiteral(KELVARIN_SOURCE_DIR "/tests/legacy/data/jet-small.mdb"), jet));
+    const QString converted = path(QStringLiteral("old book (converted).kvdb"));
+    {
+        // Declined: nothing is made, and the window without a phonebook says why.
+        fixture::MsgBoxRecorder boxes(vb::vbNo);
+        mMain::SetCommandLine(jet);
+        runMain();
+        EXPECT_EQ(boxes.boxes.size(), 1);
+        EXPECT_TRUE(gNotConnected);
+        EXPECT_EQ(reasons,
+                  QStringList{msgPhonebookNotOpened.arg(jet) + QStringLiteral("\n\n") + msgJetNotConverted});
+        EXPECT_FALSE(QFile::exists(converted));
+        endRun();
+    }
+    reasons.clear();
+    fixture::MsgBoxRecorder boxes(vb::vbYes);
+    runMain();
+    ASSERT_EQ(boxes.boxes.size(), 1);
+    EXPECT_EQ(boxes.boxes[0].text,
+              msgJetConvertQuestion + QStringLiteral("\n\n") + msgJetNewFile.arg(converted));
+    EXPECT_FALSE(gNotConnected);
+    EXPECT_EQ(gDBPath, converted);
+    EXPECT_EQ(recent(1), converted);
+    EXPECT_TRUE(reasons.isEmpty());
+}

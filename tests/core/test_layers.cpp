@@ -17,6 +17,7 @@ const QList<QStringList>& Layers() {
         {"support"},                                    // control adapters, icons
         {"preferences"},
         {"phonebook"},
+        {"legacy"}, // phonebooks of the Windows version, converted
         {"trees"},
         {"contactlist"},
         {"card"},
