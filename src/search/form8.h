@@ -115,12 +115,14 @@ class Form8 : public FormDialog {
     void mnuSearchSelectAll_Click();
     void mnuSearchInvertSelection_Click();
 
+    // Closes the window; during a search, once the search has stopped.
+    void reject() override;
+
     // The link under a point of the result list, "" when there is none.
     QString LinkAt(const QPoint& pos) const;
 
   protected:
     void BeforeUnload() override;
-    void reject() override;
 
   private:
     void buildControls();
