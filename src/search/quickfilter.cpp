@@ -16,7 +16,7 @@
 namespace mSearch {
 
 namespace {
-constexpr qint64 kLeastChunk = 512;
+constexpr qint64 kLeastChunk = 2048;
 constexpr qint64 kMostChunk = 1 << 17;
 } // namespace
 

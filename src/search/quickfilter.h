@@ -29,7 +29,7 @@ class QuickFilter : public QObject {
     void RunToEnd();
 
     // How long one step aims to take, in milliseconds.
-    static constexpr int kStepMs = 10;
+    static constexpr int kStepMs = 30;
 
   signals:
     // The run has ended with all the contacts looked at.

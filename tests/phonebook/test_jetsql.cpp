@@ -105,6 +105,35 @@ TEST(JetLike, WildcardsClassesAndCase) {
     EXPECT_FALSE(like("K", "KA"));
 }
 
+TEST(JetLike, LettersOfEveryScriptWithoutRegardToCase) {
+    auto like = [](const char* pattern, const char* value) {
+        const dao::JetLikePattern p(QString::fromUtf8(pattern));
+        const QByteArray utf8(value);
+        // The value as SQLite hands it over and as a QString give one answer.
+        const bool asText = p.Matches(QString::fromUtf8(value));
+        EXPECT_EQ(p.MatchesUtf8(utf8.constData(), int(utf8.size())), asText) << pattern << " " << value;
+        return asText;
+    };
+    EXPECT_TRUE(like("*ærø*", "ÆRØ Jensen"));
+    EXPECT_TRUE(like("*ÆRØ*", "Ærø Jensen"));
+    EXPECT_TRUE(like("łukasz*", "ŁUKASZ Nowak"));
+    EXPECT_TRUE(like("*ДМИТРИЙ*", "Дмитрий Иванов"));
+    EXPECT_TRUE(like("[а-я]митрий", "Дмитрий"));
+    EXPECT_TRUE(like("*王伟*", "王伟"));
+    EXPECT_FALSE(like("*王伟*", "王"));
+    EXPECT_TRUE(like("οδυσσευς", "ΟΔΥΣΣΕΥΣ"));
+    EXPECT_TRUE(like("οδυσσευς", "οδυσσευσ")); // a final sigma is a sigma
+    // A letter typed as a base and a combining mark is the letter itself.
+    EXPECT_TRUE(like("*jos\xC3\xA9*", "JOSE\xCC\x81 Luis"));
+    EXPECT_TRUE(like("*jose\xCC\x81", "José"));
+    EXPECT_TRUE(like("jos?", "JOSE\xCC\x81"));
+    // Plain ASCII keeps its rules.
+    EXPECT_TRUE(like("*smith*", "John SMITH_555"));
+    EXPECT_FALSE(like("*smith*", "John SMYTH"));
+    EXPECT_TRUE(like("a[!b]c", "AXC"));
+    EXPECT_TRUE(like("", ""));
+}
+
 TEST(JetSql, AMissingOperandIsASyntaxErrorThatNamesIt) {
     const std::pair<const char*, const char*> cases[] = {
         {"a& ", "right operand of &"},

@@ -8,8 +8,30 @@
 
 namespace dao {
 
+namespace {
+
+// Whether a text may hold a letter made of a base and a combining mark: nothing below U+0300 does.
+bool mayDecompose(QStringView s) {
+    for (const QChar c : s)
+        if (c.unicode() >= 0x300) return true;
+    return false;
+}
+
+bool isAscii(const char* p, int n) {
+    for (int i = 0; i < n; ++i)
+        if (static_cast<unsigned char>(p[i]) >= 0x80) return false;
+    return true;
+}
+
+} // namespace
+
+QString JetLikePattern::Fold(const QString& text) {
+    if (!mayDecompose(text)) return text.toCaseFolded();
+    return text.normalized(QString::NormalizationForm_C).toCaseFolded();
+}
+
 JetLikePattern::JetLikePattern(const QString& pattern) {
-    const QString p = pattern.toCaseFolded();
+    const QString p = Fold(pattern);
     m_pieces.emplace_back();
     auto add = [&](Unit unit) {
         Piece& piece = m_pieces.back();
@@ -108,8 +130,24 @@ int JetLikePattern::find(const Piece& piece, QStringView v, int from, int last) 
 }
 
 bool JetLikePattern::Matches(const QString& value) const {
-    const QString folded = value.toCaseFolded();
-    const QStringView v(folded);
+    return MatchesFolded(Fold(value));
+}
+
+bool JetLikePattern::MatchesUtf8(const char* value, int bytes) const {
+    if (!isAscii(value, bytes)) return MatchesFolded(Fold(QString::fromUtf8(value, bytes)));
+    // ASCII folds to lower case and needs no composing: the folded value is made in place, in a
+    // buffer that keeps its room from one value to the next.
+    thread_local QString buffer;
+    buffer.resize(bytes);
+    QChar* out = buffer.data();
+    for (int i = 0; i < bytes; ++i) {
+        const char c = value[i];
+        out[i] = QLatin1Char(c >= 'A' && c <= 'Z' ? char(c + ('a' - 'A')) : c);
+    }
+    return MatchesFolded(buffer);
+}
+
+bool JetLikePattern::MatchesFolded(QStringView v) const {
     const int n = int(v.size());
     const Piece& first = m_pieces.front();
     if (m_pieces.size() == 1) return n == first.length && matchesAt(first, v, 0);
@@ -152,17 +190,19 @@ void likeFn(sqlite3_context* ctx, int, sqlite3_value** argv) {
         return;
     }
     auto* pat = static_cast<JetLikePattern*>(sqlite3_get_auxdata(ctx, 0));
+    const auto* value = reinterpret_cast<const char*>(sqlite3_value_text(argv[1]));
+    const int bytes = sqlite3_value_bytes(argv[1]);
     if (!pat) {
         pat = new JetLikePattern(text(argv[0]));
         sqlite3_set_auxdata(ctx, 0, pat, deletePattern);
         pat = static_cast<JetLikePattern*>(sqlite3_get_auxdata(ctx, 0));
         if (!pat) { // SQLite could not keep it: use a pattern for this row only
             JetLikePattern once(text(argv[0]));
-            sqlite3_result_int(ctx, once.Matches(text(argv[1])) ? 1 : 0);
+            sqlite3_result_int(ctx, once.MatchesUtf8(value, bytes) ? 1 : 0);
             return;
         }
     }
-    sqlite3_result_int(ctx, pat->Matches(text(argv[1])) ? 1 : 0);
+    sqlite3_result_int(ctx, pat->MatchesUtf8(value, bytes) ? 1 : 0);
 }
 
 void nowFn(sqlite3_context* ctx, int, sqlite3_value**) {
