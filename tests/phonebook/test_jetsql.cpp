@@ -22,12 +22,12 @@ TEST(JetSql, NamesLiteralsAndOperators) {
     EXPECT_EQ(tr("SELECT [Full Name], CDs.[IDX] FROM [CDs]"), R"(SELECT "Full Name", CDs."IDX" FROM "CDs")");
     EXPECT_EQ(tr("SELECT * FROM CDs WHERE FullName = \"O'Neil\""),
               "SELECT * FROM CDs WHERE FullName = 'O''Neil'");
-    // Jet's & reads Null as an empty text.
-    EXPECT_EQ(tr("SELECT a & '_' & b FROM t"),
-              "SELECT ifnull(a,'') || ifnull('_','') || ifnull(b,'') FROM t");
+    // Jet's & reads Null as an empty text; a chain of them is one call.
+    EXPECT_EQ(tr("SELECT a & '_' & b FROM t"), "SELECT jet_cat(a , '_' , b) FROM t");
     EXPECT_EQ(tr("SELECT x FROM t WHERE a.b & Left(c, 2) = 'z' AND d & e"),
-              "SELECT x FROM t WHERE ifnull(a.b,'') || ifnull(Left(c, 2),'') = 'z' AND ifnull(d,'') || "
-              "ifnull(e,'')");
+              "SELECT x FROM t WHERE jet_cat(a.b , Left(c, 2)) = 'z' AND jet_cat(d , e)");
+    EXPECT_EQ(tr("SELECT (a & b) & Left(c & d, 1) FROM t"),
+              "SELECT jet_cat((jet_cat(a , b)) , Left(jet_cat(c , d), 1)) FROM t");
     EXPECT_EQ(tr("SELECT * FROM CDs WHERE ReadOnly = True AND Hidden = False"),
               "SELECT * FROM CDs WHERE ReadOnly = 1 AND Hidden = 0");
     EXPECT_EQ(tr("SELECT Count(CDs.IDCD) AS CNT From CDs WHERE IsNull([IDX])=True"),
@@ -164,7 +164,7 @@ TEST(JetSql, PowerAndIntegerDivisionBindAsInJet) {
     EXPECT_EQ(tr("SELECT CDs.[Total Size] \\ 1024 AS KB FROM CDs"),
               R"(SELECT jet_idiv(CDs."Total Size",1024) AS KB FROM CDs)");
     EXPECT_EQ(tr("SELECT x FROM t WHERE Len(a) ^ 2 > 4 & b"),
-              "SELECT x FROM t WHERE jet_pow(Len(a),2) > ifnull(4,'') || ifnull(b,'')");
+              "SELECT x FROM t WHERE jet_pow(Len(a),2) > jet_cat(4 , b)");
 
     // The values, computed by the store's own functions.
     sqlite3* db = nullptr;
@@ -183,6 +183,9 @@ TEST(JetSql, PowerAndIntegerDivisionBindAsInJet) {
         return out;
     };
     EXPECT_EQ(value("2 ^ 3 ^ 2"), "64.0"); // from the left
+    // & joins numbers as their text and reads Null as "".
+    EXPECT_EQ(value("'a' & Null & 1 & 2.5 & 'Ærø'"), "a12.5Ærø");
+    EXPECT_EQ(value("Null & Null"), "");
     EXPECT_EQ(value("-2 ^ 2"), "-4.0");    // the power before the sign
     EXPECT_EQ(value("2 ^ -1"), "0.5");
     EXPECT_EQ(value("(1 + 2) ^ 2 * 2"), "18.0");

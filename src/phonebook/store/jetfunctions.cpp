@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QStringView>
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <sqlite3.h>
 
@@ -205,6 +206,31 @@ void likeFn(sqlite3_context* ctx, int, sqlite3_value** argv) {
     sqlite3_result_int(ctx, pat->MatchesUtf8(value, bytes) ? 1 : 0);
 }
 
+// jet_cat(a, b, ...): Jet's a & b & ..., the texts joined with Null read as "".
+void catFn(sqlite3_context* ctx, int argc, sqlite3_value** argv) {
+    sqlite3_int64 size = 0;
+    for (int i = 0; i < argc; ++i)
+        if (sqlite3_value_type(argv[i]) != SQLITE_NULL) {
+            sqlite3_value_text(argv[i]); // the text form first: its length in bytes follows
+            size += sqlite3_value_bytes(argv[i]);
+        }
+    char* out = static_cast<char*>(sqlite3_malloc64(sqlite3_uint64(size) + 1));
+    if (!out) {
+        sqlite3_result_error_nomem(ctx);
+        return;
+    }
+    char* at = out;
+    for (int i = 0; i < argc; ++i) {
+        if (sqlite3_value_type(argv[i]) == SQLITE_NULL) continue;
+        const unsigned char* text = sqlite3_value_text(argv[i]);
+        const int n = sqlite3_value_bytes(argv[i]);
+        if (n > 0) std::memcpy(at, text, size_t(n));
+        at += n;
+    }
+    *at = 0;
+    sqlite3_result_text64(ctx, out, sqlite3_uint64(size), sqlite3_free, SQLITE_UTF8);
+}
+
 void nowFn(sqlite3_context* ctx, int, sqlite3_value**) {
     resultText(ctx, QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")));
 }
@@ -325,6 +351,7 @@ void RegisterJetFunctions(sqlite3* db) {
         {"mid", 2, midFn, true},        {"mid", 3, midFn, true},      {"instr", 2, instrFn, true},
         {"instr", 3, instrFn, true},    {"val", 1, valFn, true},      {"nz", 1, nzFn, true},
         {"nz", 2, nzFn, true},          {"jet_pow", 2, powFn, true},  {"jet_idiv", 2, idivFn, true},
+        {"jet_cat", -1, catFn, true},
     };
     for (const F& f : fns)
         sqlite3_create_function_v2(db, f.name, f.args, f.deterministic ? det : SQLITE_UTF8, nullptr, f.fn,
