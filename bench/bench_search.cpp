@@ -2,6 +2,7 @@
 // and for two words over the names only, and the quick filter's run for a three-letter prefix,
 // each beside the bare SQLite time of the same SQL text stepped with no work per row.
 #include "bench/bench.h"
+#include "contactlist/columns.h"
 #include "core/globals.h"
 #include "phonebook/contactquery.h"
 #include "phonebook/store/jetsql.h"
@@ -9,7 +10,6 @@
 #include "search/quickfilter.h"
 #include "search/searchquery.h"
 #include "support/controls/listview.h"
-#include "contactlist/columns.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -66,14 +66,16 @@ void searchCase(const bench::Context& ctx, Form8& form, const QString& what) {
     QString count;
     const QString rows = form.GetWhere(count);
     form.bnSearch_Click();
-    report(QStringLiteral("%1 (%2 rows)").arg(what).arg(form.ListView1->ListItems.Count()), ctx,
-           [&] { form.bnSearch_Click(); }, bareRun({count, rows}));
+    report(
+        QStringLiteral("%1 (%2 rows)").arg(what).arg(form.ListView1->ListItems.Count()), ctx,
+        [&] { form.bnSearch_Click(); }, bareRun({count, rows}));
 }
 
 void run(const bench::Context& ctx) {
     Form8 form;
-    const QList<QCheckBox*> boxes = {form.chNumbers, form.chFullName, form.chTitle, form.chCompany, form.chComment,
-                                     form.chAddress, form.chCity,     form.chState, form.chZip};
+    const QList<QCheckBox*> boxes = {form.chNumbers, form.chFullName, form.chTitle,
+                                     form.chCompany, form.chComment,  form.chAddress,
+                                     form.chCity,    form.chState,    form.chZip};
     // One common word over every box, the dates spanning all contacts.
     for (QCheckBox* b : boxes)
         b->setChecked(true);

@@ -39,20 +39,20 @@ bool updatesMenu(int id) {
 // The commands that show another part of the phonebook in the contact list.
 bool changesView(int id) {
     return id == cmd::ViewCategories || id == cmd::ViewFavorites || id == cmd::ViewGroups ||
-           id == cmd::TabCategories || id == cmd::TabGroups || id == cmd::TabFavorites || id == cmd::LetterAll ||
-           (id >= cmd::LetterA && id <= cmd::LetterUnknown) || id == cmd::ViewRefresh || id == cmd::ListRefresh;
+           id == cmd::TabCategories || id == cmd::TabGroups || id == cmd::TabFavorites ||
+           id == cmd::LetterAll || (id >= cmd::LetterA && id <= cmd::LetterUnknown) ||
+           id == cmd::ViewRefresh || id == cmd::ListRefresh;
 }
 
 // Commands whose action is still to come: they stay disabled, whatever the state of the window.
 const int kWithoutAction[] = {
-    cmd::FileInfo,         cmd::FileClearDB,     cmd::FileCompactDB, cmd::AccessFull,
-    cmd::AccessReadOnly,   cmd::AccessOptions,   cmd::ContactDelete, cmd::ContactCopy,
-    cmd::ToolsStatistics, cmd::ToolsReport,   cmd::ToolsReportSelected,
-    cmd::ToolsPreferences, cmd::HelpContents,    cmd::HelpTip,       cmd::HelpWebsite,
-    cmd::HelpSupport,      cmd::HelpFeedback,    cmd::HelpAbout,     cmd::ListDelete,
-    cmd::ListCopy,         cmd::MainDelete,      cmd::MainStatistics,
-    cmd::MainReport,       cmd::MainPreferences, cmd::MainHelp,      cmd::ReportOnList,
-    cmd::ReportOnContact,
+    cmd::FileInfo,        cmd::FileClearDB,    cmd::FileCompactDB,       cmd::AccessFull,
+    cmd::AccessReadOnly,  cmd::AccessOptions,  cmd::ContactDelete,       cmd::ContactCopy,
+    cmd::ToolsStatistics, cmd::ToolsReport,    cmd::ToolsReportSelected, cmd::ToolsPreferences,
+    cmd::HelpContents,    cmd::HelpTip,        cmd::HelpWebsite,         cmd::HelpSupport,
+    cmd::HelpFeedback,    cmd::HelpAbout,      cmd::ListDelete,          cmd::ListCopy,
+    cmd::MainDelete,      cmd::MainStatistics, cmd::MainReport,          cmd::MainPreferences,
+    cmd::MainHelp,        cmd::ReportOnList,   cmd::ReportOnContact,
 };
 
 } // namespace

@@ -67,7 +67,7 @@ class Form1 : public QMainWindow, public mTV::MainWindow {
     StatusBar* StatusBar1 = nullptr;
     QProgressBar* ProgressBar1 = nullptr;
     QTimer* Timer1 = nullptr;
-    QMenu* Popup = nullptr; // pop-up of the contact list
+    QMenu* Popup = nullptr;              // pop-up of the contact list
     QLineEdit* txtQuickFilter = nullptr; // the quick filter of the contact list, on the main toolbar
     mSearch::QuickFilter* QuickFilter1 = nullptr;
 
@@ -192,7 +192,6 @@ class Form1 : public QMainWindow, public mTV::MainWindow {
     QByteArray m_pendingPanes; // a pane layout waiting for the window to show
     QString m_pendingToolbars;
     bool m_unloaded = false;
-    int m_filterPanel = 0; // the status bar panel of the quick filter's count
 };
 
 // The one reference to the main window; null while it does not exist.

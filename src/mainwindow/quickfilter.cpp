@@ -1,14 +1,13 @@
 // The quick filter field of the main toolbar: the contact list follows what is typed, over the
 // whole phonebook, while the tree and the letter tabs stand aside; Esc or an empty field brings
 // the view of the tree back, and Enter hands the text to the search window.
+#include "search/quickfilter.h"
 #include "contactlist/checktab.h"
 #include "core/errorreport.h"
 #include "core/globals.h"
 #include "core/language.h"
 #include "mainwindow/form1.h"
-#include "mainwindow/statusbar.h"
 #include "search/form8.h"
-#include "search/quickfilter.h"
 #include "support/controls/listview.h"
 #include "support/controls/treeview.h"
 #include "trees/treeselect.h"
@@ -54,15 +53,12 @@ void Form1::buildQuickFilter(QToolBar* bar) {
     bar->addWidget(txtQuickFilter);
     txtQuickFilter->installEventFilter(new EscapeKey(this, txtQuickFilter));
 
+    // The status bar's count of the contacts in the list is the count of the matches.
     QuickFilter1 = new mSearch::QuickFilter(*ListView2, this);
-    m_filterPanel = StatusBar1->AddPanel();
     connect(txtQuickFilter, &QLineEdit::textChanged, this,
             [this] { RunEvent("Form1.txtQuickFilter_Change", [this] { txtQuickFilter_Change(); }); });
     connect(txtQuickFilter, &QLineEdit::returnPressed, this,
             [this] { RunEvent("Form1.txtQuickFilter_KeyPress", [this] { txtQuickFilter_KeyPress(13); }); });
-    connect(QuickFilter1, &mSearch::QuickFilter::Finished, this, [this](int matches) {
-        StatusBar1->SetPanelText(m_filterPanel, msgQuickFilterMatches + QString::number(matches));
-    });
 }
 
 bool Form1::QuickFilterHolds() const {
@@ -83,7 +79,6 @@ void Form1::txtQuickFilter_Change() {
         setViewControlsEnabled(false);
         if (ListItem* row = ListView2->SelectedItem()) row->SetSelected(false);
         mTV::ClearDetailPane(View());
-        StatusBar1->SetPanelText(m_filterPanel, QString());
         if (QuickFilter1->Start(text)) return;
     }
     // No word: the view of the tree.
@@ -111,7 +106,6 @@ void Form1::ClearQuickFilter(bool refill) {
         const QSignalBlocker quiet(txtQuickFilter);
         txtQuickFilter->clear();
     }
-    StatusBar1->SetPanelText(m_filterPanel, QString());
     setViewControlsEnabled(true);
     if (refill && !gNotConnected) mToolBar::CheckTab(View(), CurrentLetter, CurrentNodeKey, true);
 }

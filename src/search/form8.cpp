@@ -73,11 +73,11 @@ QString groupedNumber(int n) {
 
 // The entries of "Arrange Items", by column, and the headers of the column menu.
 const QString* const kArrange[] = {
-    &msgByFullName, &msgByTitle,    &msgByCompany,  &msgByInfo1,    &msgByInfo2,         &msgByInfo3,
-    &msgByInfo4,    &msgByInfo5,    &msgByInfo6,    &msgByInfo7,    &msgByInfo8,         &msgByInfo9,
-    &msgByInfo10,   &msgByInfo11,   &msgByInfo12,   &msgByCategory, &msgByFavorites,     &msgByAddress,
-    &msgByCity,     &msgByStateProv, &msgByZipPostalCode, &msgByComment, &msgByNumber, &msgByAdded,
-    &msgByGroup,
+    &msgByFullName,      &msgByTitle,     &msgByCompany, &msgByInfo1,  &msgByInfo2,
+    &msgByInfo3,         &msgByInfo4,     &msgByInfo5,   &msgByInfo6,  &msgByInfo7,
+    &msgByInfo8,         &msgByInfo9,     &msgByInfo10,  &msgByInfo11, &msgByInfo12,
+    &msgByCategory,      &msgByFavorites, &msgByAddress, &msgByCity,   &msgByStateProv,
+    &msgByZipPostalCode, &msgByComment,   &msgByNumber,  &msgByAdded,  &msgByGroup,
 };
 
 int arrangeId(int column) {
@@ -146,6 +146,7 @@ void Form8::buildControls() {
     for (QDateEdit* d : {fdDateMin, fdDateMax}) {
         d->setCalendarPopup(true);
         d->setDisplayFormat(QLocale::system().dateFormat(QLocale::ShortFormat));
+        d->setMinimumWidth(d->fontMetrics().horizontalAdvance(QStringLiteral("00 Mmm 0000")) + 48);
     }
     fdDateMin->setObjectName(QStringLiteral("fdDateMin"));
     fdDateMax->setObjectName(QStringLiteral("fdDateMax"));
@@ -213,9 +214,10 @@ void Form8::connectEvents() {
             [this] { RunEvent("Form8.ListView1_DblClick", [this] { ListView1_DblClick(); }); });
     connect(ListView1, &ListView::KeyPress, this,
             [this](int& key) { RunEvent("Form8.ListView1_KeyPress", [&] { ListView1_KeyPress(key); }); });
-    connect(ListView1, &ListView::MouseMove, this, [this](Qt::MouseButtons, Qt::KeyboardModifiers, const QPoint& p) {
-        RunEvent("Form8.ListView1_MouseMove", [&] { ListView1_MouseMove(p); });
-    });
+    connect(ListView1, &ListView::MouseMove, this,
+            [this](Qt::MouseButtons, Qt::KeyboardModifiers, const QPoint& p) {
+                RunEvent("Form8.ListView1_MouseMove", [&] { ListView1_MouseMove(p); });
+            });
     connect(ListView1, &ListView::MouseUp, this,
             [this](Qt::MouseButton b, Qt::KeyboardModifiers, const QPoint& p) {
                 RunEvent("Form8.ListView1_MouseUp", [&] { ListView1_MouseUp(b, p); });
@@ -246,7 +248,8 @@ void Form8::Form_Load() {
     chDateMax->setText(msgTo);
     for (const OptionBox& o : kOptionBoxes)
         (this->*o.box)
-            ->setChecked(mRegSettings::SettingNumber(mRegSettings::ReadSetting(kOptions, QLatin1String(o.key))) == 1);
+            ->setChecked(
+                mRegSettings::SettingNumber(mRegSettings::ReadSetting(kOptions, QLatin1String(o.key))) == 1);
     RestorePlace();
     mRegSettings::ApplyPreferenceFont(this);
 
@@ -520,7 +523,8 @@ void Form8::ListView1_MouseUp(Qt::MouseButton Button, const QPoint& pos) {
     const bool right = Button == Qt::RightButton;
     ListItem* item = ListView1->HitTest(pos);
     if (!item) {
-        if (ListView1->ListItems.Count() > 0 && ListView1->SelectedItem()) ListView1->SetSelectedItem(nullptr);
+        if (ListView1->ListItems.Count() > 0 && ListView1->SelectedItem())
+            ListView1->SetSelectedItem(nullptr);
         if (right) {
             PopupSearch(0);
             DiskPropertiesSearch();
@@ -635,7 +639,8 @@ void Search(const QString& text) {
     gForm8 = &frm;
     if (!text.isEmpty()) {
         frm.cmbName->setEditText(text);
-        QTimer::singleShot(0, &frm, [&frm] { RunEvent("Form8.bnSearch_Click", [&frm] { frm.bnSearch_Click(); }); });
+        QTimer::singleShot(0, &frm,
+                           [&frm] { RunEvent("Form8.bnSearch_Click", [&frm] { frm.bnSearch_Click(); }); });
     }
     ShowModal(&frm, owner);
 }

@@ -20,7 +20,8 @@ constexpr qint64 kLeastChunk = 2048;
 constexpr qint64 kMostChunk = 1 << 17;
 } // namespace
 
-QuickFilter::QuickFilter(ListView& list, QObject* parent) : QObject(parent), m_list(list), m_timer(new QTimer(this)) {
+QuickFilter::QuickFilter(ListView& list, QObject* parent)
+    : QObject(parent), m_list(list), m_timer(new QTimer(this)) {
     m_timer->setSingleShot(true);
     m_timer->setInterval(0);
     connect(m_timer, &QTimer::timeout, this, [this] { step(); });
@@ -35,7 +36,8 @@ bool QuickFilter::Start(const QString& text) {
         mLV::ListUpdate block(m_list);
         m_list.ListItems.Clear();
     }
-    dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT Max(rowid) AS Last FROM CDs"), dao::dbOpenSnapshot);
+    dao::Recordset rs =
+        gDB.OpenRecordset(QStringLiteral("SELECT Max(rowid) AS Last FROM CDs"), dao::dbOpenSnapshot);
     m_last = rs.AtEOF() ? 0 : rs.LongAt(0);
     rs.Close();
     m_done = 0;

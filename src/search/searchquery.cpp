@@ -35,7 +35,8 @@ QString CountSelect() {
 QString FromClause() {
     QString s = QStringLiteral("FROM ((((((((((((((CDs LEFT JOIN Types ON CDs.Type1 = Types.IDTYPE)");
     for (int k = 1; k < 12; ++k)
-        s += QStringLiteral(" LEFT JOIN Types AS Types_%1 ON CDs.Type%2 = Types_%1.IDTYPE)").arg(k).arg(k + 1);
+        s +=
+            QStringLiteral(" LEFT JOIN Types AS Types_%1 ON CDs.Type%2 = Types_%1.IDTYPE)").arg(k).arg(k + 1);
     s += QStringLiteral(" INNER JOIN Categories ON CDs.IDC = Categories.ID) LEFT JOIN Borrows ON CDs.IDB = "
                         "Borrows.ID) INNER JOIN Boxes ON CDs.IDX = Boxes.ID ");
     return s;
@@ -68,8 +69,9 @@ QString BuildWhere(const SearchInput& in, QString& strCount) {
         }
         // The fields in this order, whatever their order on screen.
         const std::pair<bool, const char*> fields[] = {
-            {in.FullName, "FullName"}, {in.Title, "Title"},          {in.Company, "Company"},
-            {in.Comment, "CDs.Comment"}, {in.Address, "CDs.Address"}, {in.City, "City"},
+            {in.FullName, "FullName"},   {in.Title, "Title"},
+            {in.Company, "Company"},     {in.Comment, "CDs.Comment"},
+            {in.Address, "CDs.Address"}, {in.City, "City"},
             {in.State, "State"},         {in.Zip, "Zip"},
         };
         QString joined;

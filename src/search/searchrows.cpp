@@ -75,7 +75,8 @@ QColor LinkColor() {
 SearchFields::SearchFields(const dao::Recordset& rs)
     : IDCD(fieldIndex(rs, QStringLiteral("IDCD"))), FullName(fieldIndex(rs, QStringLiteral("FullName"))),
       Title(fieldIndex(rs, QStringLiteral("Title"))), Company(fieldIndex(rs, QStringLiteral("Company"))),
-      Category(fieldIndex(rs, QStringLiteral("Category"))), Favorite(fieldIndex(rs, QStringLiteral("Favorite"))),
+      Category(fieldIndex(rs, QStringLiteral("Category"))),
+      Favorite(fieldIndex(rs, QStringLiteral("Favorite"))),
       Address(fieldIndex(rs, QStringLiteral("Address"))), City(fieldIndex(rs, QStringLiteral("City"))),
       State(fieldIndex(rs, QStringLiteral("State"))), Zip(fieldIndex(rs, QStringLiteral("Zip"))),
       Comment(fieldIndex(rs, QStringLiteral("Comment"))),
@@ -90,7 +91,8 @@ SearchFields::SearchFields(const dao::Recordset& rs)
 void AddSearchRecord(ListView& ListView1, const dao::Recordset& rs, const SearchFields& f) {
     HUNT_PLACE("Form8.AddSearchRecord");
     char digits[24];
-    const int length = std::snprintf(digits, sizeof digits, "ID%lld", static_cast<long long>(rs.LongAt(f.IDCD)));
+    const int length =
+        std::snprintf(digits, sizeof digits, "ID%lld", static_cast<long long>(rs.LongAt(f.IDCD)));
     const QString key = QString::fromLatin1(digits, length);
 
     ListRowCells& cells = f.Row;

@@ -186,7 +186,7 @@ TEST(JetSql, PowerAndIntegerDivisionBindAsInJet) {
     // & joins numbers as their text and reads Null as "".
     EXPECT_EQ(value("'a' & Null & 1 & 2.5 & 'Ærø'"), "a12.5Ærø");
     EXPECT_EQ(value("Null & Null"), "");
-    EXPECT_EQ(value("-2 ^ 2"), "-4.0");    // the power before the sign
+    EXPECT_EQ(value("-2 ^ 2"), "-4.0"); // the power before the sign
     EXPECT_EQ(value("2 ^ -1"), "0.5");
     EXPECT_EQ(value("(1 + 2) ^ 2 * 2"), "18.0");
     EXPECT_EQ(value("7 \\ 2"), "3");

@@ -8,8 +8,8 @@
 
 #include <QDateTime>
 #include <QStringList>
-#include <ostream>
 #include <initializer_list>
+#include <ostream>
 #include <utility>
 
 inline void PrintTo(const QString& s, std::ostream* os) {
@@ -20,18 +20,27 @@ class SearchBook : public fixture::PhonebookTest {
   protected:
     void SetUp() override {
         PhonebookTest::SetUp();
-        john = person("John Smith", {{"City", "New York"}, {"Title", "Manager"}, {"Type1", 1},
-                                      {"Number1", "555-0100"}, {"DateScan", when(2024, 1, 15)}});
-        mary = person("Mary O'Brien", {{"Company", "Smithers & Co"}, {"City", "Boston"},
-                                        {"DateScan", when(2024, 3, 1, 8)}});
-        aero = person("Ærø Jensen", {{"City", "Marstal"}, {"Type5", 5}, {"Number5", "aero@example.dk"},
-                                      {"DateScan", when(2024, 3, 31, 23)}});
-        lukasz = person("Łukasz Nowak", {{"Address", "ul. Długa 5\r\nGdańsk"}, {"Number2", "www.nowak.example"},
-                                          {"DateScan", when(2023, 12, 31, 12)}});
+        john = person("John Smith", {{"City", "New York"},
+                                     {"Title", "Manager"},
+                                     {"Type1", 1},
+                                     {"Number1", "555-0100"},
+                                     {"DateScan", when(2024, 1, 15)}});
+        mary = person("Mary O'Brien",
+                      {{"Company", "Smithers & Co"}, {"City", "Boston"}, {"DateScan", when(2024, 3, 1, 8)}});
+        aero = person("Ærø Jensen", {{"City", "Marstal"},
+                                     {"Type5", 5},
+                                     {"Number5", "aero@example.dk"},
+                                     {"DateScan", when(2024, 3, 31, 23)}});
+        lukasz = person("Łukasz Nowak", {{"Address", "ul. Długa 5\r\nGdańsk"},
+                                         {"Number2", "www.nowak.example"},
+                                         {"DateScan", when(2023, 12, 31, 12)}});
         dmitri = person("Дмитрий Иванов", {{"Comment", "Встреча в Москве\r\nвторая строка"},
-                                             {"Zip", "101000"}, {"DateScan", when(2024, 6, 1)}});
-        wang = person("王伟", {{"Company", "北京 Trading"}, {"Type3", 3}, {"Number3", "+86 10 5555"},
-                                {"DateScan", when(2024, 6, 2)}});
+                                           {"Zip", "101000"},
+                                           {"DateScan", when(2024, 6, 1)}});
+        wang = person("王伟", {{"Company", "北京 Trading"},
+                               {"Type3", 3},
+                               {"Number3", "+86 10 5555"},
+                               {"DateScan", when(2024, 6, 2)}});
     }
 
     static QDateTime when(int y, int m, int d, int h = 9) { return QDateTime(QDate(y, m, d), QTime(h, 30)); }

@@ -63,8 +63,8 @@ TEST_F(QuickFilterRuns, RowsFollowTheTextOverNameCompanyAndNumbers) {
     EXPECT_EQ(run(u"smi"_s), QStringList({u"John Smith"_s, u"Mary O'Brien"_s})); // name, company
     EXPECT_EQ(run(u"smit"_s).size(), 2);
     EXPECT_EQ(run(u"smith o'b"_s).size(), 2);
-    EXPECT_EQ(run(u"0100"_s), QStringList({u"John Smith"_s}));          // a number
-    EXPECT_EQ(run(u"ДМИТ"_s), QStringList({u"Дмитрий Иванов"_s}));       // any case
+    EXPECT_EQ(run(u"0100"_s), QStringList({u"John Smith"_s}));     // a number
+    EXPECT_EQ(run(u"ДМИТ"_s), QStringList({u"Дмитрий Иванов"_s})); // any case
     EXPECT_EQ(run(u"北京"_s), QStringList({u"王伟"_s}));
     EXPECT_TRUE(run(u"boston"_s).isEmpty()); // the city is not among the fields
     EXPECT_EQ(filter->Matches(), 0);
@@ -77,7 +77,9 @@ TEST_F(QuickFilterRuns, ANewTextDropsTheRunOfTheOldOne) {
     // Contacts far apart in the table, so that a run takes several steps.
     for (int i = 0; i < 40; ++i)
         gDB.ExecuteNative(u"INSERT INTO CDs (rowid, IDCD, FullName, IDC, IDX, IDB, Label) "
-                          "VALUES (%1, %2, 'Anna %3', 1, 1, -1, 'A')"_s.arg(10000 + i * 50000).arg(100 + i).arg(i));
+                          "VALUES (%1, %2, 'Anna %3', 1, 1, -1, 'A')"_s.arg(10000 + i * 50000)
+                              .arg(100 + i)
+                              .arg(i));
     QSignalSpy finished(filter.get(), &mSearch::QuickFilter::Finished);
     ASSERT_TRUE(filter->Start(u"anna"_s));
     QCoreApplication::processEvents(); // one step
@@ -156,10 +158,9 @@ TEST_F(QuickFilterField, TheListFollowsTypingAndEscBringsTheTreeBack) {
     EXPECT_TRUE(shown().isEmpty());
     type(u"sm"_s);
     EXPECT_EQ(shown(), QStringList({u"John Smith"_s, u"Mary O'Brien"_s}));
-    bool counted = false;
-    for (int p = 1; p <= f().StatusBar1->PanelCount(); ++p)
-        counted = counted || f().StatusBar1->PanelText(p) == msgQuickFilterMatches + u"2"_s;
-    EXPECT_TRUE(counted);
+    // The count of the status bar is the count of the matches.
+    QCoreApplication::processEvents();
+    EXPECT_EQ(f().StatusBar1->PanelText(f().StatusBar1->PanelCount()), msgContactsColon + u"2"_s);
 
     QTest::keyClick(f().txtQuickFilter, Qt::Key_Escape);
     EXPECT_TRUE(f().txtQuickFilter->text().isEmpty());

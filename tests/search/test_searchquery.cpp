@@ -20,8 +20,8 @@ mSearch::SearchInput textIn(const QString& text, std::initializer_list<bool mSea
 
 mSearch::SearchInput everywhere(const QString& text) {
     using I = mSearch::SearchInput;
-    return textIn(text, {&I::Numbers, &I::FullName, &I::Title, &I::Company, &I::Comment, &I::Address, &I::City,
-                         &I::State, &I::Zip});
+    return textIn(text, {&I::Numbers, &I::FullName, &I::Title, &I::Company, &I::Comment, &I::Address,
+                         &I::City, &I::State, &I::Zip});
 }
 
 QString where(const mSearch::SearchInput& in) {
@@ -69,8 +69,9 @@ TEST(SearchQuery, TheFormOfTheConditionFollowsTheBoxes) {
               u"Where (("_s + numbers + u" Like '*555*')OR("_s + kName + u" Like '*555*'))"_s);
     // The text fields in their fixed order, joined by an underscore, whatever the order ticked.
     EXPECT_EQ(where(textIn(u"x"_s, {&I::Zip, &I::FullName, &I::Comment})),
-              u"Where (("_s + kName + u" & '_' & iif(isnull(CDs.Comment),'',CDs.Comment) & '_' & "_s
-                                    u"iif(isnull(Zip),'',Zip) Like '*x*'))");
+              u"Where (("_s + kName +
+                  u" & '_' & iif(isnull(CDs.Comment),'',CDs.Comment) & '_' & "_s
+                  u"iif(isnull(Zip),'',Zip) Like '*x*'))");
     // A quoted phrase is one Like.
     EXPECT_EQ(where(textIn(u"\"new york\""_s, {&I::FullName})).count(u" Like "_s), 1);
 }
@@ -86,8 +87,9 @@ TEST(SearchQuery, DateLimitsNarrowTheTextOrStandAlone) {
     in.DateMax = QDate(2024, 3, 31);
     EXPECT_EQ(where(in), u"Where DateScan >= #03/01/24# AND DateScan <= #03/31/24 23:59:59#"_s);
     in.Text = u"smith"_s;
-    EXPECT_EQ(where(in), u"Where (("_s + kName +
-                             u" Like '*smith*')) AND DateScan >= #03/01/24# AND DateScan <= #03/31/24 23:59:59#"_s);
+    EXPECT_EQ(where(in),
+              u"Where (("_s + kName +
+                  u" Like '*smith*')) AND DateScan >= #03/01/24# AND DateScan <= #03/31/24 23:59:59#"_s);
     // A ticked box without a date adds nothing.
     in.DateMin = QDate();
     EXPECT_FALSE(where(in).contains(u">="_s));
@@ -96,7 +98,8 @@ TEST(SearchQuery, DateLimitsNarrowTheTextOrStandAlone) {
 TEST(SearchQuery, BlankTextListsEveryoneAndNoBoxListsNothing) {
     using I = mSearch::SearchInput;
     QString count;
-    EXPECT_EQ(mSearch::BuildWhere(textIn(u"  "_s, {&I::FullName}), count), mSearch::RowSelect() + mSearch::FromClause());
+    EXPECT_EQ(mSearch::BuildWhere(textIn(u"  "_s, {&I::FullName}), count),
+              mSearch::RowSelect() + mSearch::FromClause());
     EXPECT_EQ(count, mSearch::CountSelect() + mSearch::FromClause());
     // All boxes clear: nothing to search, even with text typed.
     EXPECT_TRUE(mSearch::BuildWhere(textIn(u"smith"_s, {}), count).isEmpty());
@@ -141,10 +144,17 @@ TEST_F(SearchRuns, WordsFindWhatAPersonExpects) {
 
 TEST_F(SearchRuns, LettersOfEveryScriptMatchWithoutRegardToCase) {
     const std::pair<const char*, const char*> cases[] = {
-        {"ærø", "Ærø Jensen"},         {"ÆRØ", "Ærø Jensen"},         {"łukasz", "Łukasz Nowak"},
-        {"ŁUKASZ", "Łukasz Nowak"},    {"дмитрий", "Дмитрий Иванов"}, {"ДМИТРИЙ ИВАНОВ", "Дмитрий Иванов"},
-        {"王", "王伟"},                {"北京", "王伟"},              {"MOSKVE", ""},
-        {"москве", "Дмитрий Иванов"},  {"DŁUGA", "Łukasz Nowak"},
+        {"ærø", "Ærø Jensen"},
+        {"ÆRØ", "Ærø Jensen"},
+        {"łukasz", "Łukasz Nowak"},
+        {"ŁUKASZ", "Łukasz Nowak"},
+        {"дмитрий", "Дмитрий Иванов"},
+        {"ДМИТРИЙ ИВАНОВ", "Дмитрий Иванов"},
+        {"王", "王伟"},
+        {"北京", "王伟"},
+        {"MOSKVE", ""},
+        {"москве", "Дмитрий Иванов"},
+        {"DŁUGA", "Łukasz Nowak"},
     };
     for (const auto& [text, name] : cases) {
         const QStringList expected = *name ? QStringList({QString::fromUtf8(name)}) : QStringList();
