@@ -242,3 +242,28 @@ TEST_F(SearchWindow, MenusArrangeTheRowsAndShowOrHideColumns) {
     form->CommandBars8_Execute(Form8::idColumnGroup);
     EXPECT_EQ(form->ListView1->ColumnHeaders.Item(25)->Width(), 0);
 }
+
+TEST_F(SearchWindow, ASearchForOneContactKeepsItsTextAmongTheLastFifteen) {
+    form.reset();
+    auto rowsOf = [this](int contact) {
+        return scalar(u"SELECT Count(*) FROM SearchWhere WHERE IDCD = %1"_s.arg(contact)).toInt();
+    };
+    // The whole phonebook leaves no trace.
+    form = std::make_unique<Form8>();
+    EXPECT_EQ(scalar(u"SELECT Count(*) FROM SearchWhere"_s).toInt(), 0);
+    for (int i = 0; i < 15; ++i)
+        form = std::make_unique<Form8>(nullptr, 100 + i, u"Kid's folder %1"_s.arg(i));
+    EXPECT_EQ(scalar(u"SELECT Count(*) FROM SearchWhere"_s).toInt(), 15);
+    // Written on fifteen days in turn.
+    for (int i = 0; i < 15; ++i)
+        gDB.Execute(
+            u"UPDATE SearchWhere SET [Update] = #01/%1/24# WHERE IDCD = %2"_s.arg(i + 1).arg(100 + i));
+    // A known text only takes the newest time; a sixteenth drops the oldest.
+    form = std::make_unique<Form8>(nullptr, 100, u"Kid's folder 0"_s);
+    EXPECT_EQ(rowsOf(100), 1);
+    form = std::make_unique<Form8>(nullptr, john, u"Kid's folder"_s);
+    EXPECT_EQ(scalar(u"SELECT Count(*) FROM SearchWhere"_s).toInt(), 15);
+    EXPECT_EQ(rowsOf(101), 0);
+    EXPECT_EQ(rowsOf(100), 1);
+    EXPECT_EQ(rowsOf(john), 1);
+}
