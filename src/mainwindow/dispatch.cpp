@@ -12,6 +12,7 @@
 #include "mainwindow/tray.h"
 #include "preferences/preferences.h"
 #include "preferences/settings.h"
+#include "search/form8.h"
 #include "support/controls/commandbars.h"
 #include "support/controls/treeview.h"
 #include "trees/catproperties.h"
@@ -39,16 +40,44 @@ bool updatesMenu(int id) {
            (id >= cmd::LetterA && id <= cmd::TabGroups) || id == cmd::TabCategories;
 }
 
+// The commands that show another part of the phonebook in the contact list.
+bool changesView(int id) {
+    return id == cmd::ViewCategories || id == cmd::ViewFavorites || id == cmd::ViewGroups ||
+           id == cmd::TabCategories || id == cmd::TabGroups || id == cmd::TabFavorites ||
+           id == cmd::LetterAll || (id >= cmd::LetterA && id <= cmd::LetterUnknown) ||
+           id == cmd::ViewRefresh || id == cmd::ListRefresh;
+}
+
 // Commands whose action is still to come: they stay disabled, whatever the state of the window.
+// clang-format off
 const int kWithoutAction[] = {
-    cmd::FileInfo,       cmd::FileClearDB,     cmd::FileCompactDB,       cmd::AccessFull,
-    cmd::AccessReadOnly, cmd::AccessOptions,   cmd::ContactDelete,       cmd::ContactCopy,
-    cmd::ToolsSearch,    cmd::ToolsReport,     cmd::ToolsReportSelected, cmd::ToolsPreferences,
-    cmd::HelpWebsite,    cmd::HelpSupport,     cmd::HelpFeedback,        cmd::HelpAbout,
-    cmd::ListDelete,     cmd::ListCopy,        cmd::MainDelete,          cmd::MainSearch,
-    cmd::MainReport,     cmd::MainPreferences, cmd::ReportOnList,        cmd::ReportOnContact,
-    cmd::TrayWebsite,    cmd::TraySupport,     cmd::TrayFeedback,
+    cmd::FileInfo,
+    cmd::FileClearDB,
+    cmd::FileCompactDB,
+    cmd::AccessFull,
+    cmd::AccessReadOnly,
+    cmd::AccessOptions,
+    cmd::ContactDelete,
+    cmd::ContactCopy,
+    cmd::ToolsReport,
+    cmd::ToolsReportSelected,
+    cmd::ToolsPreferences,
+    cmd::HelpWebsite,
+    cmd::HelpSupport,
+    cmd::HelpFeedback,
+    cmd::HelpAbout,
+    cmd::ListDelete,
+    cmd::ListCopy,
+    cmd::MainDelete,
+    cmd::MainReport,
+    cmd::MainPreferences,
+    cmd::ReportOnList,
+    cmd::ReportOnContact,
+    cmd::TrayWebsite,
+    cmd::TraySupport,
+    cmd::TrayFeedback,
 };
+// clang-format on
 
 } // namespace
 
@@ -65,6 +94,8 @@ void Form1::CommandBars1_Execute(CommandBarAction* Control) {
     if (!Control) return;
     RunEvent("Form1.CommandBars1_Execute(Control)", [this, Control] {
         const int id = Control->Id();
+        // A command that changes the view takes the list back from the quick filter first.
+        if (QuickFilterHolds() && changesView(id)) ClearQuickFilter(true);
         switch (id) {
         case cmd::FileNew:
             mnuFileNew_Click();
@@ -185,6 +216,11 @@ void Form1::CommandBars1_Execute(CommandBarAction* Control) {
             break;
         case cmd::ViewPanesDefault:
             RestorePaneDefaults();
+            break;
+
+        case cmd::ToolsSearch:
+        case cmd::MainSearch:
+            mCommon::Search();
             break;
 
         case cmd::TabCategories:

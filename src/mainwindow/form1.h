@@ -17,15 +17,20 @@ class DockingPane;
 class ListItem;
 class ListView;
 class QLabel;
+class QLineEdit;
 class QMenu;
 class QProgressBar;
 class QTimer;
+class QToolBar;
 class StatusBar;
 class TreeNode;
 class TreeView;
 
 namespace dao {
 class Recordset;
+}
+namespace mSearch {
+class QuickFilter;
 }
 
 // View state of the main window that other parts of the program read.
@@ -62,7 +67,9 @@ class Form1 : public QMainWindow, public mTV::MainWindow {
     StatusBar* StatusBar1 = nullptr;
     QProgressBar* ProgressBar1 = nullptr;
     QTimer* Timer1 = nullptr;
-    QMenu* Popup = nullptr; // pop-up of the contact list
+    QMenu* Popup = nullptr;              // pop-up of the contact list
+    QLineEdit* txtQuickFilter = nullptr; // the quick filter of the contact list, on the main toolbar
+    mSearch::QuickFilter* QuickFilter1 = nullptr;
 
     // Splitter places of an older layout of the window, in percent: read at load, kept at unload.
     float SXpc1 = 35;
@@ -109,6 +116,15 @@ class Form1 : public QMainWindow, public mTV::MainWindow {
     void ListView2_ColumnClick(ColumnHeader* ColumnHeader);
     // A click on a link value of the detail pane opens it: a new message or a web page.
     void ListView1_MouseUp(const QPoint& pos);
+
+    // The quick filter (quickfilter.cpp): the list follows the text typed; Esc (27) brings the
+    // view of the tree back, Enter (13) opens the search window with the text.
+    void txtQuickFilter_Change();
+    void txtQuickFilter_KeyPress(int KeyAscii);
+    bool QuickFilterHolds() const;
+    // Empties the field and gives the tree and the letter tabs back; `refill` fills the list for
+    // the view in force again.
+    void ClearQuickFilter(bool refill);
 
     // The one dispatcher of all commands.
     void CommandBars1_Execute(CommandBarAction* Control);
@@ -169,6 +185,8 @@ class Form1 : public QMainWindow, public mTV::MainWindow {
     void tickCategoryMode();
     // The link under a point of the detail pane, "" when there is none.
     QString linkAt(const QPoint& pos) const;
+    void buildQuickFilter(QToolBar* bar);
+    void setViewControlsEnabled(bool enabled);
 
     QWidget* m_photoFrame = nullptr;
     QByteArray m_pendingPanes; // a pane layout waiting for the window to show

@@ -330,6 +330,8 @@ void Form1::buildToolbars() {
     if (auto* button = qobject_cast<QToolButton*>(main->widgetForAction(cb.FindAction(cmd::MainAdd))))
         button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
 
+    buildQuickFilter(main);
+
     // One row for the tree tabs and the main commands, the letters on a row of their own.
     cb.DockRightOf(main, trees);
     cb.DockOnNewRow(letters);

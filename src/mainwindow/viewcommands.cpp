@@ -62,6 +62,7 @@ void Form1::IniToolBar2() {
 
 void Form1::ShowPhonebook() {
     HUNT_PLACE("Form1.ShowPhonebook");
+    ClearQuickFilter(false);
     IniToolBar2();
     mToolBar::CheckTab(View(), CurrentLetter, kRoot, true);
 }

@@ -370,19 +370,17 @@ TEST_F(View, CommandsWithoutTheirActionStayDisabledWhateverTheState) {
     Form1& f = start();
     list().SetSelectedItem(list().ListItems(u"ID%1"_s.arg(ann)));
     f.MenuUpdate();
-    for (int id :
-         {int(cmd::ContactDelete), int(cmd::ContactCopy), int(cmd::ToolsSearch), int(cmd::ToolsReport),
-          int(cmd::FileCompactDB), int(cmd::HelpAbout), int(cmd::MainDelete), int(cmd::MainPreferences)}) {
-        EXPECT_FALSE(action(id)->Enabled()) << id;
-        EXPECT_FALSE(action(id)->isEnabled()) << id;
-    }
+    for (CommandBarAction* a : f.CommandBars1->Actions())
+        EXPECT_TRUE(Form1::HasAction(a->Id()) || (!a->Enabled() && !a->isEnabled())) << a->Id();
     for (int id :
          {int(cmd::FileNew), int(cmd::ContactProperties), int(cmd::MainProperties), int(cmd::ViewRefresh)})
         EXPECT_TRUE(action(id)->Enabled()) << id;
     // Closing the phonebook and opening it again enables the working commands only.
     mCommon::NotConnected(true);
     mCommon::NotConnected(false);
-    EXPECT_FALSE(action(cmd::ToolsSearch)->isEnabled());
+    for (CommandBarAction* a : f.CommandBars1->Actions())
+        EXPECT_TRUE(Form1::HasAction(a->Id()) || !a->isEnabled()) << a->Id();
+    EXPECT_TRUE(action(cmd::ToolsSearch)->isEnabled());
     EXPECT_TRUE(action(cmd::ContactAdd)->isEnabled());
 }
 

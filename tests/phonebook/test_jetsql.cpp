@@ -22,12 +22,12 @@ TEST(JetSql, NamesLiteralsAndOperators) {
     EXPECT_EQ(tr("SELECT [Full Name], CDs.[IDX] FROM [CDs]"), R"(SELECT "Full Name", CDs."IDX" FROM "CDs")");
     EXPECT_EQ(tr("SELECT * FROM CDs WHERE FullName = \"O'Neil\""),
               "SELECT * FROM CDs WHERE FullName = 'O''Neil'");
-    // Jet's & reads Null as an empty text.
-    EXPECT_EQ(tr("SELECT a & '_' & b FROM t"),
-              "SELECT ifnull(a,'') || ifnull('_','') || ifnull(b,'') FROM t");
+    // Jet's & reads Null as an empty text; a chain of them is one call.
+    EXPECT_EQ(tr("SELECT a & '_' & b FROM t"), "SELECT jet_cat(a , '_' , b) FROM t");
     EXPECT_EQ(tr("SELECT x FROM t WHERE a.b & Left(c, 2) = 'z' AND d & e"),
-              "SELECT x FROM t WHERE ifnull(a.b,'') || ifnull(Left(c, 2),'') = 'z' AND ifnull(d,'') || "
-              "ifnull(e,'')");
+              "SELECT x FROM t WHERE jet_cat(a.b , Left(c, 2)) = 'z' AND jet_cat(d , e)");
+    EXPECT_EQ(tr("SELECT (a & b) & Left(c & d, 1) FROM t"),
+              "SELECT jet_cat((jet_cat(a , b)) , Left(jet_cat(c , d), 1)) FROM t");
     EXPECT_EQ(tr("SELECT * FROM CDs WHERE ReadOnly = True AND Hidden = False"),
               "SELECT * FROM CDs WHERE ReadOnly = 1 AND Hidden = 0");
     EXPECT_EQ(tr("SELECT Count(CDs.IDCD) AS CNT From CDs WHERE IsNull([IDX])=True"),
@@ -105,6 +105,35 @@ TEST(JetLike, WildcardsClassesAndCase) {
     EXPECT_FALSE(like("K", "KA"));
 }
 
+TEST(JetLike, LettersOfEveryScriptWithoutRegardToCase) {
+    auto like = [](const char* pattern, const char* value) {
+        const dao::JetLikePattern p(QString::fromUtf8(pattern));
+        const QByteArray utf8(value);
+        // The value as SQLite hands it over and as a QString give one answer.
+        const bool asText = p.Matches(QString::fromUtf8(value));
+        EXPECT_EQ(p.MatchesUtf8(utf8.constData(), int(utf8.size())), asText) << pattern << " " << value;
+        return asText;
+    };
+    EXPECT_TRUE(like("*ærø*", "ÆRØ Jensen"));
+    EXPECT_TRUE(like("*ÆRØ*", "Ærø Jensen"));
+    EXPECT_TRUE(like("łukasz*", "ŁUKASZ Nowak"));
+    EXPECT_TRUE(like("*ДМИТРИЙ*", "Дмитрий Иванов"));
+    EXPECT_TRUE(like("[а-я]митрий", "Дмитрий"));
+    EXPECT_TRUE(like("*王伟*", "王伟"));
+    EXPECT_FALSE(like("*王伟*", "王"));
+    EXPECT_TRUE(like("οδυσσευς", "ΟΔΥΣΣΕΥΣ"));
+    EXPECT_TRUE(like("οδυσσευς", "οδυσσευσ")); // a final sigma is a sigma
+    // A letter typed as a base and a combining mark is the letter itself.
+    EXPECT_TRUE(like("*jos\xC3\xA9*", "JOSE\xCC\x81 Luis"));
+    EXPECT_TRUE(like("*jose\xCC\x81", "José"));
+    EXPECT_TRUE(like("jos?", "JOSE\xCC\x81"));
+    // Plain ASCII keeps its rules.
+    EXPECT_TRUE(like("*smith*", "John SMITH_555"));
+    EXPECT_FALSE(like("*smith*", "John SMYTH"));
+    EXPECT_TRUE(like("a[!b]c", "AXC"));
+    EXPECT_TRUE(like("", ""));
+}
+
 TEST(JetSql, AMissingOperandIsASyntaxErrorThatNamesIt) {
     const std::pair<const char*, const char*> cases[] = {
         {"a& ", "right operand of &"},
@@ -135,7 +164,7 @@ TEST(JetSql, PowerAndIntegerDivisionBindAsInJet) {
     EXPECT_EQ(tr("SELECT CDs.[Total Size] \\ 1024 AS KB FROM CDs"),
               R"(SELECT jet_idiv(CDs."Total Size",1024) AS KB FROM CDs)");
     EXPECT_EQ(tr("SELECT x FROM t WHERE Len(a) ^ 2 > 4 & b"),
-              "SELECT x FROM t WHERE jet_pow(Len(a),2) > ifnull(4,'') || ifnull(b,'')");
+              "SELECT x FROM t WHERE jet_pow(Len(a),2) > jet_cat(4 , b)");
 
     // The values, computed by the store's own functions.
     sqlite3* db = nullptr;
@@ -154,7 +183,10 @@ TEST(JetSql, PowerAndIntegerDivisionBindAsInJet) {
         return out;
     };
     EXPECT_EQ(value("2 ^ 3 ^ 2"), "64.0"); // from the left
-    EXPECT_EQ(value("-2 ^ 2"), "-4.0");    // the power before the sign
+    // & joins numbers as their text and reads Null as "".
+    EXPECT_EQ(value("'a' & Null & 1 & 2.5 & 'Ærø'"), "a12.5Ærø");
+    EXPECT_EQ(value("Null & Null"), "");
+    EXPECT_EQ(value("-2 ^ 2"), "-4.0"); // the power before the sign
     EXPECT_EQ(value("2 ^ -1"), "0.5");
     EXPECT_EQ(value("(1 + 2) ^ 2 * 2"), "18.0");
     EXPECT_EQ(value("7 \\ 2"), "3");

@@ -3,13 +3,36 @@
 #include <QDateTime>
 #include <QStringView>
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <sqlite3.h>
 
 namespace dao {
 
+namespace {
+
+// Whether a text may hold a letter made of a base and a combining mark: nothing below U+0300 does.
+bool mayDecompose(QStringView s) {
+    for (const QChar c : s)
+        if (c.unicode() >= 0x300) return true;
+    return false;
+}
+
+bool isAscii(const char* p, int n) {
+    for (int i = 0; i < n; ++i)
+        if (static_cast<unsigned char>(p[i]) >= 0x80) return false;
+    return true;
+}
+
+} // namespace
+
+QString JetLikePattern::Fold(const QString& text) {
+    if (!mayDecompose(text)) return text.toCaseFolded();
+    return text.normalized(QString::NormalizationForm_C).toCaseFolded();
+}
+
 JetLikePattern::JetLikePattern(const QString& pattern) {
-    const QString p = pattern.toCaseFolded();
+    const QString p = Fold(pattern);
     m_pieces.emplace_back();
     auto add = [&](Unit unit) {
         Piece& piece = m_pieces.back();
@@ -108,8 +131,24 @@ int JetLikePattern::find(const Piece& piece, QStringView v, int from, int last) 
 }
 
 bool JetLikePattern::Matches(const QString& value) const {
-    const QString folded = value.toCaseFolded();
-    const QStringView v(folded);
+    return MatchesFolded(Fold(value));
+}
+
+bool JetLikePattern::MatchesUtf8(const char* value, int bytes) const {
+    if (!isAscii(value, bytes)) return MatchesFolded(Fold(QString::fromUtf8(value, bytes)));
+    // ASCII folds to lower case and needs no composing: the folded value is made in place, in a
+    // buffer that keeps its room from one value to the next.
+    thread_local QString buffer;
+    buffer.resize(bytes);
+    QChar* out = buffer.data();
+    for (int i = 0; i < bytes; ++i) {
+        const char c = value[i];
+        out[i] = QLatin1Char(c >= 'A' && c <= 'Z' ? char(c + ('a' - 'A')) : c);
+    }
+    return MatchesFolded(buffer);
+}
+
+bool JetLikePattern::MatchesFolded(QStringView v) const {
     const int n = int(v.size());
     const Piece& first = m_pieces.front();
     if (m_pieces.size() == 1) return n == first.length && matchesAt(first, v, 0);
@@ -152,17 +191,44 @@ void likeFn(sqlite3_context* ctx, int, sqlite3_value** argv) {
         return;
     }
     auto* pat = static_cast<JetLikePattern*>(sqlite3_get_auxdata(ctx, 0));
+    const auto* value = reinterpret_cast<const char*>(sqlite3_value_text(argv[1]));
+    const int bytes = sqlite3_value_bytes(argv[1]);
     if (!pat) {
         pat = new JetLikePattern(text(argv[0]));
         sqlite3_set_auxdata(ctx, 0, pat, deletePattern);
         pat = static_cast<JetLikePattern*>(sqlite3_get_auxdata(ctx, 0));
         if (!pat) { // SQLite could not keep it: use a pattern for this row only
             JetLikePattern once(text(argv[0]));
-            sqlite3_result_int(ctx, once.Matches(text(argv[1])) ? 1 : 0);
+            sqlite3_result_int(ctx, once.MatchesUtf8(value, bytes) ? 1 : 0);
             return;
         }
     }
-    sqlite3_result_int(ctx, pat->Matches(text(argv[1])) ? 1 : 0);
+    sqlite3_result_int(ctx, pat->MatchesUtf8(value, bytes) ? 1 : 0);
+}
+
+// jet_cat(a, b, ...): Jet's a & b & ..., the texts joined with Null read as "".
+void catFn(sqlite3_context* ctx, int argc, sqlite3_value** argv) {
+    sqlite3_int64 size = 0;
+    for (int i = 0; i < argc; ++i)
+        if (sqlite3_value_type(argv[i]) != SQLITE_NULL) {
+            sqlite3_value_text(argv[i]); // the text form first: its length in bytes follows
+            size += sqlite3_value_bytes(argv[i]);
+        }
+    char* out = static_cast<char*>(sqlite3_malloc64(sqlite3_uint64(size) + 1));
+    if (!out) {
+        sqlite3_result_error_nomem(ctx);
+        return;
+    }
+    char* at = out;
+    for (int i = 0; i < argc; ++i) {
+        if (sqlite3_value_type(argv[i]) == SQLITE_NULL) continue;
+        const unsigned char* text = sqlite3_value_text(argv[i]);
+        const int n = sqlite3_value_bytes(argv[i]);
+        if (n > 0) std::memcpy(at, text, size_t(n));
+        at += n;
+    }
+    *at = 0;
+    sqlite3_result_text64(ctx, out, sqlite3_uint64(size), sqlite3_free, SQLITE_UTF8);
 }
 
 void nowFn(sqlite3_context* ctx, int, sqlite3_value**) {
@@ -285,6 +351,7 @@ void RegisterJetFunctions(sqlite3* db) {
         {"mid", 2, midFn, true},        {"mid", 3, midFn, true},      {"instr", 2, instrFn, true},
         {"instr", 3, instrFn, true},    {"val", 1, valFn, true},      {"nz", 1, nzFn, true},
         {"nz", 2, nzFn, true},          {"jet_pow", 2, powFn, true},  {"jet_idiv", 2, idivFn, true},
+        {"jet_cat", -1, catFn, true},
     };
     for (const F& f : fns)
         sqlite3_create_function_v2(db, f.name, f.args, f.deterministic ? det : SQLITE_UTF8, nullptr, f.fn,

@@ -13,12 +13,21 @@ namespace dao {
 
 void RegisterJetFunctions(sqlite3* db);
 
-// Jet's Like: * any run, ? one character, # one digit, [abc] [a-z] [!abc] a class; no regard to case.
-// Matching takes time linear in the length of the value, whatever the stars of the pattern.
+// Jet's Like: * any run, ? one character, # one digit, [abc] [a-z] [!abc] a class; no regard to case
+// in any script (Unicode case folding), and a letter composed of a base and a mark is the same as
+// its precomposed form. Matching takes time linear in the length of the value, whatever the stars
+// of the pattern.
 class JetLikePattern {
   public:
     explicit JetLikePattern(const QString& pattern);
     bool Matches(const QString& value) const;
+    // The same for a value in UTF-8, as SQLite hands it over; a value of ASCII alone is matched
+    // without being turned into a QString.
+    bool MatchesUtf8(const char* value, int bytes) const;
+    // A value already in the form Matches compares: composed and case-folded.
+    bool MatchesFolded(QStringView folded) const;
+    // The form of a text that matching compares.
+    static QString Fold(const QString& text);
 
   private:
     struct Class {

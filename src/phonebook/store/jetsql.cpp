@@ -223,8 +223,9 @@ void rewriteExpressions(std::vector<Tok>& t, const QString& sql) {
     if (depth != 0) fail(QStringLiteral("Missing closing parenthesis"), sql);
 }
 
-// Jet's & joins texts and reads Null as "", where SQLite's || gives Null: each operand of an &
-// is wrapped in ifnull(..., ''). An operand runs to the nearest operator of lower precedence.
+// Jet's & joins texts and reads Null as "", where SQLite's || gives Null. A chain of & at one
+// level (a & b & c) becomes one call of the store's jet_cat(a, b, c), which makes the joined text
+// in one piece. An operand runs to the nearest operator of lower precedence.
 bool endsOperand(const Tok& k) {
     static const char* words[] = {"AND",   "OR",    "NOT",      "LIKE", "IS",     "BETWEEN", "IN",   "SELECT",
                                   "WHERE", "FROM",  "SET",      "AS",   "ON",     "WHEN",    "THEN", "ELSE",
@@ -242,7 +243,7 @@ bool endsOperand(const Tok& k) {
 }
 
 void wrapConcatOperands(std::vector<Tok>& t, const QString& sql) {
-    std::vector<std::pair<size_t, size_t>> spans; // [first, last] token of each operand
+    std::vector<std::pair<size_t, size_t>> spans; // [first, last] token of each operand, two per &
     for (size_t i = 0; i < t.size(); ++i) {
         if (!t[i].op("&")) continue;
         // Left operand.
@@ -283,26 +284,30 @@ void wrapConcatOperands(std::vector<Tok>& t, const QString& sql) {
         spans.push_back(trimmed(i + 1, last, "right"));
     }
     if (spans.empty()) return;
+    // A chain starts at a left operand that is no right operand, and ends at a right operand
+    // that is no left operand.
     std::vector<int> opens(t.size(), 0), closes(t.size(), 0);
-    std::vector<std::pair<size_t, size_t>> seen;
-    for (const auto& sp : spans) {
-        if (std::find(seen.begin(), seen.end(), sp) != seen.end()) continue;
-        seen.push_back(sp);
-        ++opens[sp.first];
-        ++closes[sp.second];
+    auto isSpan = [&](const std::pair<size_t, size_t>& sp, size_t side) {
+        for (size_t k = side; k < spans.size(); k += 2)
+            if (spans[k] == sp) return true;
+        return false;
+    };
+    for (size_t k = 0; k < spans.size(); k += 2) {
+        if (!isSpan(spans[k], 1)) ++opens[spans[k].first];
+        if (!isSpan(spans[k + 1], 0)) ++closes[spans[k + 1].second];
     }
     std::vector<Tok> out;
     for (size_t i = 0; i < t.size(); ++i) {
         for (int n = 0; n < opens[i]; ++n) {
-            out.push_back({K::Ident, QStringLiteral("ifnull")});
+            out.push_back({K::Ident, QStringLiteral("jet_cat")});
             out.push_back({K::LParen, QStringLiteral("(")});
         }
-        out.push_back(t[i]);
-        for (int n = 0; n < closes[i]; ++n) {
+        if (t[i].op("&"))
             out.push_back({K::Comma, QStringLiteral(",")});
-            out.push_back({K::Str, QStringLiteral("''")});
+        else
+            out.push_back(t[i]);
+        for (int n = 0; n < closes[i]; ++n)
             out.push_back({K::RParen, QStringLiteral(")")});
-        }
     }
     t.swap(out);
 }
