@@ -4,10 +4,12 @@
 #include "core/commandids.h"
 #include "core/errorreport.h"
 #include "core/globals.h"
+#include "core/language.h"
 #include "mainwindow/form1.h"
 #include "mainwindow/statusbar.h"
 #include "preferences/preferences.h"
 #include "preferences/settings.h"
+#include "reports/reportwindow.h"
 #include "support/controls/commandbars.h"
 #include "support/controls/treeview.h"
 #include "trees/catproperties.h"
@@ -39,13 +41,25 @@ bool updatesMenu(int id) {
 const int kWithoutAction[] = {
     cmd::FileInfo,         cmd::FileClearDB,     cmd::FileCompactDB, cmd::AccessFull,
     cmd::AccessReadOnly,   cmd::AccessOptions,   cmd::ContactDelete, cmd::ContactCopy,
-    cmd::ToolsSearch,      cmd::ToolsStatistics, cmd::ToolsReport,   cmd::ToolsReportSelected,
-    cmd::ToolsPreferences, cmd::HelpContents,    cmd::HelpTip,       cmd::HelpWebsite,
-    cmd::HelpSupport,      cmd::HelpFeedback,    cmd::HelpAbout,     cmd::ListDelete,
-    cmd::ListCopy,         cmd::MainDelete,      cmd::MainSearch,    cmd::MainStatistics,
-    cmd::MainReport,       cmd::MainPreferences, cmd::MainHelp,      cmd::ReportOnList,
-    cmd::ReportOnContact,
+    cmd::ToolsSearch,      cmd::ToolsStatistics, cmd::ToolsPreferences, cmd::HelpContents,
+    cmd::HelpTip,          cmd::HelpWebsite,     cmd::HelpSupport,   cmd::HelpFeedback,
+    cmd::HelpAbout,        cmd::ListDelete,      cmd::ListCopy,      cmd::MainDelete,
+    cmd::MainSearch,       cmd::MainStatistics,  cmd::MainPreferences, cmd::MainHelp,
 };
+
+// The report button of the main toolbar repeats the source chosen last from its drop-down:
+// the entry makes the button's tag "DiskList" or "FileList" and its tip, and stores the choice.
+void chooseReportSource(CommandBars& bars, bool diskList) {
+    const QString mode = diskList ? QStringLiteral("DiskList") : QStringLiteral("FileList");
+    if (CommandBarAction* button = bars.FindAction(cmd::MainReport)) {
+        button->SetTag(mode);
+        button->setToolTip(diskList ? mLanguageGobals::msgReportBasedOnContactList
+                                     : mLanguageGobals::msgReportBasedOnSelectedContact);
+    }
+    SaveSetting(AppTitle(), QStringLiteral("Main"), QStringLiteral("ReportMode"), mode);
+    if (diskList) mCommon::ReportDiskList();
+    else mCommon::ReportFileList();
+}
 
 } // namespace
 
@@ -163,6 +177,21 @@ void Form1::CommandBars1_Execute(CommandBarAction* Control) {
             break;
         case cmd::ViewPanesDefault:
             RestorePaneDefaults();
+            break;
+
+        case cmd::ToolsReport:
+            mCommon::ReportDiskList();
+            break;
+        case cmd::ToolsReportSelected:
+            mCommon::ReportFileList();
+            break;
+        case cmd::MainReport:
+            if (Control->Tag() == QLatin1String("FileList")) mCommon::ReportFileList();
+            else mCommon::ReportDiskList();
+            break;
+        case cmd::ReportOnList:
+        case cmd::ReportOnContact:
+            chooseReportSource(*CommandBars1, id == cmd::ReportOnList);
             break;
 
         case cmd::TabCategories:

@@ -123,7 +123,8 @@ QString ReportOrder(int ListIndex, bool ShortCategory, bool ShortBox) {
                QStringLiteral(", CDs.ContactNumber");
     case 9: return QStringLiteral(" ORDER BY Borrows.Catpath, CDs.ContactNumber");
     case 10: return QStringLiteral(" ORDER BY CDs.ContactNumber");
-    case 11: return QStringLiteral(" ORDER BY CDs.Added, CDs.ContactNumber");
+    // The date a contact was added is the field DateScan: CDs has no field "Added".
+    case 11: return QStringLiteral(" ORDER BY CDs.DateScan, CDs.ContactNumber");
     case 12:
         return QStringLiteral(" ORDER BY ") +
                (ShortBox ? QStringLiteral("Boxes.Name") : QStringLiteral("Boxes.Catpath")) +

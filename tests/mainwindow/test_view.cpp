@@ -368,7 +368,7 @@ TEST_F(View, CommandsWithoutTheirActionStayDisabledWhateverTheState) {
     list().SetSelectedItem(list().ListItems(u"ID%1"_s.arg(ann)));
     f.MenuUpdate();
     for (int id :
-         {int(cmd::ContactDelete), int(cmd::ContactCopy), int(cmd::ToolsSearch), int(cmd::ToolsReport),
+         {int(cmd::ContactDelete), int(cmd::ContactCopy), int(cmd::ToolsSearch), int(cmd::ToolsStatistics),
           int(cmd::FileCompactDB), int(cmd::HelpAbout), int(cmd::MainDelete), int(cmd::MainPreferences)}) {
         EXPECT_FALSE(action(id)->Enabled()) << id;
         EXPECT_FALSE(action(id)->isEnabled()) << id;
