@@ -406,6 +406,11 @@ void Form15::runReport(mReport::ReportKind kind, const char* place) {
     m_cancel = false;
     bool written = false;
     {
+        // The bar goes, and the hourglass, however the run ends.
+        struct HideBar {
+            QProgressBar* bar;
+            ~HideBar() { bar->hide(); }
+        } hideBar{ProgressBar1};
         Hourglass hourglass;
         layout.Created = mReport::ReportTime();
         mReport::ReportRun run;
@@ -421,7 +426,6 @@ void Form15::runReport(mReport::ReportKind kind, const char* place) {
         } done{m_running};
         written = mReport::WriteReportFile(layout, path, rowSql, count, run);
     }
-    ProgressBar1->hide();
     if (written && chOpen->isChecked()) ShellOpen(path);
 }
 

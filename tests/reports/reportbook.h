@@ -25,6 +25,11 @@
 #include <memory>
 #include <utility>
 
+// Texts in failure messages as text.
+inline void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
+
 namespace reporttest {
 
 using Fields = std::initializer_list<std::pair<const char*, QVariant>>;
