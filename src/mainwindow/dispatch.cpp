@@ -39,12 +39,11 @@ bool updatesMenu(int id) {
 
 // Commands whose action is still to come: they stay disabled, whatever the state of the window.
 const int kWithoutAction[] = {
-    cmd::FileInfo,         cmd::FileClearDB,     cmd::FileCompactDB, cmd::AccessFull,
-    cmd::AccessReadOnly,   cmd::AccessOptions,   cmd::ContactDelete, cmd::ContactCopy,
-    cmd::ToolsSearch,      cmd::ToolsStatistics, cmd::ToolsPreferences, cmd::HelpContents,
-    cmd::HelpTip,          cmd::HelpWebsite,     cmd::HelpSupport,   cmd::HelpFeedback,
-    cmd::HelpAbout,        cmd::ListDelete,      cmd::ListCopy,      cmd::MainDelete,
-    cmd::MainSearch,       cmd::MainStatistics,  cmd::MainPreferences, cmd::MainHelp,
+    cmd::FileInfo,         cmd::FileClearDB,    cmd::FileCompactDB,   cmd::AccessFull,  cmd::AccessReadOnly,
+    cmd::AccessOptions,    cmd::ContactDelete,  cmd::ContactCopy,     cmd::ToolsSearch, cmd::ToolsStatistics,
+    cmd::ToolsPreferences, cmd::HelpContents,   cmd::HelpTip,         cmd::HelpWebsite, cmd::HelpSupport,
+    cmd::HelpFeedback,     cmd::HelpAbout,      cmd::ListDelete,      cmd::ListCopy,    cmd::MainDelete,
+    cmd::MainSearch,       cmd::MainStatistics, cmd::MainPreferences, cmd::MainHelp,
 };
 
 // The report button of the main toolbar repeats the source chosen last from its drop-down:
@@ -54,11 +53,13 @@ void chooseReportSource(CommandBars& bars, bool diskList) {
     if (CommandBarAction* button = bars.FindAction(cmd::MainReport)) {
         button->SetTag(mode);
         button->setToolTip(diskList ? mLanguageGobals::msgReportBasedOnContactList
-                                     : mLanguageGobals::msgReportBasedOnSelectedContact);
+                                    : mLanguageGobals::msgReportBasedOnSelectedContact);
     }
     SaveSetting(AppTitle(), QStringLiteral("Main"), QStringLiteral("ReportMode"), mode);
-    if (diskList) mCommon::ReportDiskList();
-    else mCommon::ReportFileList();
+    if (diskList)
+        mCommon::ReportDiskList();
+    else
+        mCommon::ReportFileList();
 }
 
 } // namespace
@@ -186,8 +187,10 @@ void Form1::CommandBars1_Execute(CommandBarAction* Control) {
             mCommon::ReportFileList();
             break;
         case cmd::MainReport:
-            if (Control->Tag() == QLatin1String("FileList")) mCommon::ReportFileList();
-            else mCommon::ReportDiskList();
+            if (Control->Tag() == QLatin1String("FileList"))
+                mCommon::ReportFileList();
+            else
+                mCommon::ReportDiskList();
             break;
         case cmd::ReportOnList:
         case cmd::ReportOnContact:

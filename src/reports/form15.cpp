@@ -197,12 +197,12 @@ void Form15::buildControls() {
     grid->setRowStretch(0, 1);
     resize(620, 520);
 
-    auto event = [this](const char* place, auto body) {
-        return [place, body] { RunEvent(place, body); };
-    };
-    connect(bnNextSave, &QPushButton::clicked, this, event("Form15.bnNextSave_Click", [this] { bnNextSave_Click(); }));
+    auto event = [this](const char* place, auto body) { return [place, body] { RunEvent(place, body); }; };
+    connect(bnNextSave, &QPushButton::clicked, this,
+            event("Form15.bnNextSave_Click", [this] { bnNextSave_Click(); }));
     connect(fdBack, &QPushButton::clicked, this, event("Form15.fdBack_Click", [this] { fdBack_Click(); }));
-    connect(bnCancel, &QPushButton::clicked, this, event("Form15.bnCancel_Click", [this] { bnCancel_Click(); }));
+    connect(bnCancel, &QPushButton::clicked, this,
+            event("Form15.bnCancel_Click", [this] { bnCancel_Click(); }));
     connect(bnUp, &QPushButton::clicked, this, event("Form15.bnUp_Click", [this] { bnUp_Click(); }));
     connect(bnDown, &QPushButton::clicked, this, event("Form15.bnDown_Click", [this] { bnDown_Click(); }));
     for (int i = 0; i < 3; ++i)
@@ -272,9 +272,12 @@ void Form15::AllowNext() {
     HUNT_PLACE("Form15.AllowNext");
     bool allow = false;
     for (const ListItem* row : lvReport->ListItems) {
-        if (Option1[0]->isChecked()) allow = true;
-        else if (Option1[1]->isChecked()) allow = row->Selected();
-        else if (Option1[2]->isChecked()) allow = !row->Selected();
+        if (Option1[0]->isChecked())
+            allow = true;
+        else if (Option1[1]->isChecked())
+            allow = row->Selected();
+        else if (Option1[2]->isChecked())
+            allow = !row->Selected();
         if (allow) break;
     }
     bnNextSave->setEnabled(allow);
@@ -295,9 +298,12 @@ QString Form15::LocaleInfo(const QLocale& locale, int lc_type) {
     switch (lc_type) {
     case 12: // the list separator: a semicolon where the comma is the decimal point
         return locale.decimalPoint() == QLatin1String(",") ? QStringLiteral(";") : QStringLiteral(",");
-    case 14: return locale.decimalPoint();
-    case 15: return locale.groupSeparator();
-    default: return QString();
+    case 14:
+        return locale.decimalPoint();
+    case 15:
+        return locale.groupSeparator();
+    default:
+        return QString();
     }
 }
 
@@ -466,10 +472,14 @@ void Form15::bnNextSave_Click() {
     } enable{this};
     const bool html = Option2[0]->isChecked();
     const bool columnar = Option3[0]->isChecked();
-    if (html && columnar) SaveReport();
-    else if (html) SaveReportHorizontal();
-    else if (columnar) SaveReport2();
-    else SaveReportHorizontal2();
+    if (html && columnar)
+        SaveReport();
+    else if (html)
+        SaveReportHorizontal();
+    else if (columnar)
+        SaveReport2();
+    else
+        SaveReportHorizontal2();
 }
 
 void Form15::fdBack_Click() {

@@ -18,9 +18,9 @@ void IniReportList(ListView& lvReport, QComboBox& cmbSortDisks, bool DiskMode) {
     HUNT_PLACE("mLV.IniReportList(DiskMode)", DiskMode);
     lvReport.ColumnHeaders.Clear();
     if (DiskMode) {
-        const QString captions[] = {msgFullName, msgTitle,  msgCompany,       msgCategory, msgFavorites,
-                                    msgAddress,  msgCity,   msgStateProv,     msgZipPostalCode,
-                                    msgComment,  msgContactNumber, msgAdded, msgGroup};
+        const QString captions[] = {msgFullName,      msgTitle, msgCompany,   msgCategory,      msgFavorites,
+                                    msgAddress,       msgCity,  msgStateProv, msgZipPostalCode, msgComment,
+                                    msgContactNumber, msgAdded, msgGroup};
         const char* tags[] = {"FullName", "Title", "Company", "Category", "Favorite", "Address", "City",
                               "State",    "Zip",   "Comment", "ID",       "Added",    "Box"};
         for (int i = 0; i < 13; ++i)
@@ -52,7 +52,8 @@ void FillReportList(ListView& lvReport, const ListView& ListView2, bool DiskMode
                 cells.Clear();
                 for (int c = 0; c < source->CellCount(); ++c)
                     cells.Add(source->CellView(c));
-                ListItem* row = lvReport.ListItems.Add(source->Key(), cells, source->Icon(), source->SmallIcon());
+                ListItem* row =
+                    lvReport.ListItems.Add(source->Key(), cells, source->Icon(), source->SmallIcon());
                 row->SetTag(source->Tag());
                 if (source->Selected()) {
                     row->SetSelected(true);
@@ -61,7 +62,8 @@ void FillReportList(ListView& lvReport, const ListView& ListView2, bool DiskMode
             }
         } else if (const ListItem* source = ListView2.SelectedItem();
                    source && !source->Key().contains(QLatin1Char('E'))) {
-            ListItem* row = lvReport.ListItems.Add(source->Key(), source->Text(), source->Icon(), source->SmallIcon());
+            ListItem* row =
+                lvReport.ListItems.Add(source->Key(), source->Text(), source->Icon(), source->SmallIcon());
             row->SetSubItems(1, source->SubItems(cellCompany));
             row->SetTag(source->Tag());
             row->SetSelected(true);
@@ -109,27 +111,39 @@ QString WhereClause(const QList<qint32>& ids) {
 
 QString ReportOrder(int ListIndex, bool ShortCategory, bool ShortBox) {
     switch (ListIndex) {
-    case 0: return QStringLiteral(" ORDER BY CDs.FullName, CDs.ContactNumber");
-    case 1: return QStringLiteral(" ORDER BY CDs.Title DESC, CDs.ContactNumber");
-    case 2: return QStringLiteral(" ORDER BY CDs.Company DESC, CDs.ContactNumber");
-    case 3: return QStringLiteral(" ORDER BY CDs.Address DESC, CDs.ContactNumber");
-    case 4: return QStringLiteral(" ORDER BY CDs.City, CDs.ContactNumber");
-    case 5: return QStringLiteral(" ORDER BY CDs.State, CDs.ContactNumber");
-    case 6: return QStringLiteral(" ORDER BY CDs.Zip, CDs.ContactNumber");
-    case 7: return QStringLiteral(" ORDER BY CDs.Comment, CDs.ContactNumber");
+    case 0:
+        return QStringLiteral(" ORDER BY CDs.FullName, CDs.ContactNumber");
+    case 1:
+        return QStringLiteral(" ORDER BY CDs.Title DESC, CDs.ContactNumber");
+    case 2:
+        return QStringLiteral(" ORDER BY CDs.Company DESC, CDs.ContactNumber");
+    case 3:
+        return QStringLiteral(" ORDER BY CDs.Address DESC, CDs.ContactNumber");
+    case 4:
+        return QStringLiteral(" ORDER BY CDs.City, CDs.ContactNumber");
+    case 5:
+        return QStringLiteral(" ORDER BY CDs.State, CDs.ContactNumber");
+    case 6:
+        return QStringLiteral(" ORDER BY CDs.Zip, CDs.ContactNumber");
+    case 7:
+        return QStringLiteral(" ORDER BY CDs.Comment, CDs.ContactNumber");
     case 8:
         return QStringLiteral(" ORDER BY ") +
                (ShortCategory ? QStringLiteral("Categories.Name") : QStringLiteral("Categories.Catpath")) +
                QStringLiteral(", CDs.ContactNumber");
-    case 9: return QStringLiteral(" ORDER BY Borrows.Catpath, CDs.ContactNumber");
-    case 10: return QStringLiteral(" ORDER BY CDs.ContactNumber");
+    case 9:
+        return QStringLiteral(" ORDER BY Borrows.Catpath, CDs.ContactNumber");
+    case 10:
+        return QStringLiteral(" ORDER BY CDs.ContactNumber");
     // The date a contact was added is the field DateScan: CDs has no field "Added".
-    case 11: return QStringLiteral(" ORDER BY CDs.DateScan, CDs.ContactNumber");
+    case 11:
+        return QStringLiteral(" ORDER BY CDs.DateScan, CDs.ContactNumber");
     case 12:
         return QStringLiteral(" ORDER BY ") +
                (ShortBox ? QStringLiteral("Boxes.Name") : QStringLiteral("Boxes.Catpath")) +
                QStringLiteral(", CDs.ContactNumber");
-    default: return QString();
+    default:
+        return QString();
     }
 }
 

@@ -34,9 +34,9 @@ struct PrintColumn {
 };
 
 const char* const kFields[][2] = {
-    {"FullName", "FullName"}, {"Title", "Title"},       {"Company", "Company"},   {"Address", "Address"},
-    {"City", "City"},         {"State", "State"},       {"Zip", "Zip"},           {"Comment", "Comment"},
-    {"Category", "Category"}, {"Favorite", "Favorite"}, {"#", "ContactNumber"},   {"Box", "Box"},
+    {"FullName", "FullName"}, {"Title", "Title"},       {"Company", "Company"}, {"Address", "Address"},
+    {"City", "City"},         {"State", "State"},       {"Zip", "Zip"},         {"Comment", "Comment"},
+    {"Category", "Category"}, {"Favorite", "Favorite"}, {"#", "ContactNumber"}, {"Box", "Box"},
 };
 
 // The HTML head, one text per line, up to the title and after it.
@@ -135,7 +135,7 @@ struct ReportWriter::Impl {
     int span = 0;
     QString cellStart; // TD(n): "<TD COLSPAN=n" or "<TD "
     QString line;      // the line being made
-    QByteArray pending;
+    QString pending;   // lines made and not yet sent
     bool failed = false;
 
     // Field places, found at the first row.
@@ -172,10 +172,10 @@ struct ReportWriter::Impl {
 
     // Ends the line being made and sends it on.
     void endLine() {
-        line += QLatin1String("\r\n");
-        pending += line.toUtf8();
-        line.clear();
-        if (pending.size() >= 1 << 16) flush();
+        pending += line;
+        pending += QLatin1String("\r\n");
+        line.truncate(0);
+        if (pending.size() >= 1 << 15) flush();
     }
     void put(const char* text) {
         line += QLatin1String(text);
@@ -186,8 +186,11 @@ struct ReportWriter::Impl {
         endLine();
     }
     bool flush() {
-        if (!pending.isEmpty() && out.write(pending) != pending.size()) failed = true;
-        pending.clear();
+        if (!pending.isEmpty()) {
+            const QByteArray bytes = pending.toUtf8();
+            if (out.write(bytes) != bytes.size()) failed = true;
+        }
+        pending.truncate(0); // keeps its room for the next lines
         return !failed;
     }
 
@@ -196,11 +199,20 @@ struct ReportWriter::Impl {
         if (html) {
             for (QChar c : v) {
                 switch (c.unicode()) {
-                case '&': line += QLatin1String("&amp;"); break;
-                case '<': line += QLatin1String("&lt;"); break;
-                case '>': line += QLatin1String("&gt;"); break;
-                case '"': line += QLatin1String("&quot;"); break;
-                default: line += c;
+                case '&':
+                    line += QLatin1String("&amp;");
+                    break;
+                case '<':
+                    line += QLatin1String("&lt;");
+                    break;
+                case '>':
+                    line += QLatin1String("&gt;");
+                    break;
+                case '"':
+                    line += QLatin1String("&quot;");
+                    break;
+                default:
+                    line += c;
                 }
             }
         } else {
@@ -221,7 +233,9 @@ struct ReportWriter::Impl {
         fieldsOf = &rs;
         auto need = [&rs](const QString& name) {
             const int i = rs.FieldIndex(name);
-            if (i < 0) throw dao::DbError(dao::errItemNotFound, QStringLiteral("Item not found in this collection."));
+            if (i < 0)
+                throw dao::DbError(dao::errItemNotFound,
+                                   QStringLiteral("Item not found in this collection."));
             return i;
         };
         fieldIndex.clear();
@@ -247,7 +261,8 @@ struct ReportWriter::Impl {
     }
 };
 
-ReportWriter::ReportWriter(QIODevice& out, const ReportLayout& layout) : d(std::make_unique<Impl>(out, layout)) {}
+ReportWriter::ReportWriter(QIODevice& out, const ReportLayout& layout)
+    : d(std::make_unique<Impl>(out, layout)) {}
 
 ReportWriter::~ReportWriter() = default;
 
@@ -376,7 +391,8 @@ void ReportWriter::Row(const dao::Recordset& rs) {
         break;
     case ReportKind::HtmlTabular: {
         const QString cell = QStringLiteral("<TD bgcolor = ") +
-                             (w.white ? QStringLiteral("white") : QStringLiteral("#E6E6E6")) + QLatin1Char('>');
+                             (w.white ? QStringLiteral("white") : QStringLiteral("#E6E6E6")) +
+                             QLatin1Char('>');
         w.white = !w.white;
         w.put("<TR class=\"text\">");
         for (size_t k = 0; k < w.columns.size(); ++k) {
@@ -430,7 +446,8 @@ void ReportWriter::Row(const dao::Recordset& rs) {
         for (size_t k = 0; k < w.columns.size(); ++k) {
             if (w.columns[k].source == Source::Numbers) {
                 for (int i = 0; i < 12; ++i) {
-                    w.quoted(trimBlanks(QString(w.typeColon(rs, i) + QLatin1Char(' ') + rs.Text(w.numbers[i]))));
+                    w.quoted(
+                        trimBlanks(QString(w.typeColon(rs, i) + QLatin1Char(' ') + rs.Text(w.numbers[i]))));
                     w.line += S;
                 }
                 continue;

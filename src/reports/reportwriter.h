@@ -32,7 +32,7 @@ struct ReportLayout {
     ReportKind Kind = ReportKind::HtmlColumnar;
     QString Title;
     QString Comment;
-    QString Separator;  // separated text only; any length
+    QString Separator;   // separated text only; any length
     QStringList Columns; // the tags of the checked columns, in order
     QDateTime Created;   // the time in the footer of an HTML report
 };

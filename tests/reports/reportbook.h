@@ -52,7 +52,8 @@ class ReportBook : public fixture::PhonebookTest {
                        {"Number1", QStringLiteral("+46 40 123 45")},
                        {"Type5", 5},
                        {"Number5", QStringLiteral("zoe@example.org")}});
-        nobody = contact(QStringLiteral("Nemo Numberless"), 2, 1, -1, {{"Company", QStringLiteral("A<B Corp")}});
+        nobody =
+            contact(QStringLiteral("Nemo Numberless"), 2, 1, -1, {{"Company", QStringLiteral("A<B Corp")}});
         QList<std::pair<const char*, QVariant>> twelve;
         static const char* types[] = {"Type1", "Type2", "Type3", "Type4",  "Type5",  "Type6",
                                       "Type7", "Type8", "Type9", "Type10", "Type11", "Type12"};
@@ -66,13 +67,15 @@ class ReportBook : public fixture::PhonebookTest {
         }
         photo = contact(QStringLiteral("Pia Photo"), 3, 1, -1, {{"PhotoExt", QStringLiteral("png")}});
         {
-            dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs WHERE IDCD = %1").arg(photo));
+            dao::Recordset rs =
+                gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs WHERE IDCD = %1").arg(photo));
             rs.Edit();
             rs.AppendChunk(QStringLiteral("Photo"), QByteArray("\x89PNG\r\n\x1a\n-not-a-real-picture-", 28));
             rs.Update();
         }
         quoted = contact(QStringLiteral("O'Brien, \"Pat\""), 2, 1, 1,
-                         {{"Comment", QStringLiteral("one, two; three")}, {"Type2", 2},
+                         {{"Comment", QStringLiteral("one, two; three")},
+                          {"Type2", 2},
                           {"Number2", QStringLiteral("\"ext\" 12")}});
 
         AdvancedCategoryMode = true;

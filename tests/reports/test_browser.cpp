@@ -63,7 +63,8 @@ class Browser : public reporttest::ReportBook {
 
     // The text content of the cells of each element matched by `rowPattern` in the dumped DOM.
     static QList<QStringList> rows(const QString& dom, const QString& rowPattern) {
-        static const QRegularExpression cell(u"<td[^>]*>(.*?)</td>"_s, QRegularExpression::DotMatchesEverythingOption);
+        static const QRegularExpression cell(u"<td[^>]*>(.*?)</td>"_s,
+                                             QRegularExpression::DotMatchesEverythingOption);
         QList<QStringList> found;
         const QRegularExpression row(rowPattern, QRegularExpression::DotMatchesEverythingOption);
         for (auto m = row.globalMatch(dom); m.hasNext();) {
@@ -104,8 +105,8 @@ TEST_F(Browser, ATabularReportHasOneRowPerContactWithTheValuesAsTyped) {
         EXPECT_EQ(r.size(), 25);
         names << r.value(0);
     }
-    EXPECT_EQ(names, QStringList({u"Nemo Numberless"_s, u"O'Brien, \"Pat\""_s, u"Pia Photo"_s, u"Twelve Numbers"_s,
-                                  QString::fromUtf8("Zoë Åberg-Łukasz")}));
+    EXPECT_EQ(names, QStringList({u"Nemo Numberless"_s, u"O'Brien, \"Pat\""_s, u"Pia Photo"_s,
+                                  u"Twelve Numbers"_s, QString::fromUtf8("Zoë Åberg-Łukasz")}));
     const QStringList zoeRow = contacts[4];
     EXPECT_EQ(zoeRow[2], "Smith &amp; Sons");
     EXPECT_EQ(zoeRow[3], "Home phone:<br>+46 40 123 45");
@@ -129,8 +130,8 @@ TEST_F(Browser, AColumnarReportHasOneBlockPerContactWithTheValuesAsTyped) {
         if (l.value(0) == "<b>Full Name:</b>") names << l.value(1);
         if (l.value(0) == "<b>Comment:</b>") comments << l.value(1);
     }
-    EXPECT_EQ(names, QStringList({u"Nemo Numberless"_s, u"O'Brien, \"Pat\""_s, u"Pia Photo"_s, u"Twelve Numbers"_s,
-                                  QString::fromUtf8("Zoë Åberg-Łukasz")}));
+    EXPECT_EQ(names, QStringList({u"Nemo Numberless"_s, u"O'Brien, \"Pat\""_s, u"Pia Photo"_s,
+                                  u"Twelve Numbers"_s, QString::fromUtf8("Zoë Åberg-Łukasz")}));
     EXPECT_EQ(comments.value(4), "Says \"hi\" &lt;b&gt;loudly&lt;/b&gt;\nand means it");
     EXPECT_FALSE(dom.contains(u"<b>loudly</b>"_s));
     EXPECT_EQ(dom.count(u"<b>Skype:</b>"_s), 1);

@@ -121,8 +121,8 @@ TEST_F(Wizard, OptionsAreStoredOnlyWhenClosingWithSaveSettings) {
     EXPECT_EQ(option("ShortCategory"), "1");
     EXPECT_EQ(option("SortDisks"), "City");
     EXPECT_EQ(option("Open"), "0");
-    EXPECT_EQ(option("DiskColumns"),
-              "FullName|+Title|+Company|+Numbers|+Address|+City|+State|+Zip|+Comment|+Category|+Favorite|+#|+Added|+Box");
+    EXPECT_EQ(option("DiskColumns"), "FullName|+Title|+Company|+Numbers|+Address|+City|+State|+Zip|+Comment|+"
+                                     "Category|+Favorite|+#|+Added|+Box");
     // The next wizard starts from them.
     auto again = wizard();
     EXPECT_TRUE(again->Option2[1]->isChecked());
@@ -139,7 +139,8 @@ TEST_F(Wizard, AColumnListWithoutGroupGainsItCheckedAtTheEnd) {
     QStringList rows;
     for (const ListItem* row : frm->lvDiskColumns->ListItems)
         rows << (row->Checked() ? "+" : "") + row->Tag() + "=" + row->Text();
-    EXPECT_EQ(rows.join('|'), "+Comment=Comment|FullName=Full Name|+Numbers=Phone, Fax, Email, Skype, etc.|+Box=Group");
+    EXPECT_EQ(rows.join('|'),
+              "+Comment=Comment|FullName=Full Name|+Numbers=Phone, Fax, Email, Skype, etc.|+Box=Group");
     // A list that has the column keeps it where it is, unchecked.
     EXPECT_EQ(mReport::JoinDiskColumns(mReport::ParseDiskColumns(u"Box|+Title"_s)), "Box|+Title");
 }
@@ -199,7 +200,8 @@ TEST_F(Wizard, TheReportHoldsThePickedRowsInTheOrderOfTheSortBox) {
     EXPECT_EQ(namesIn(path), QStringList({u"Nemo Numberless"_s, u"O'Brien, \"Pat\""_s}));
     frm->Option1[1]->setChecked(true);
     frm->bnNextSave_Click();
-    EXPECT_EQ(namesIn(path), QStringList({u"Twelve Numbers"_s, u"Pia Photo"_s, QString::fromUtf8("Zoë Åberg-Łukasz")}));
+    EXPECT_EQ(namesIn(path),
+              QStringList({u"Twelve Numbers"_s, u"Pia Photo"_s, QString::fromUtf8("Zoë Åberg-Łukasz")}));
     EXPECT_EQ(answer.shown, 2);
     EXPECT_EQ(answer.title, "Create report");
     EXPECT_EQ(answer.mask, "CSV files (*.csv)|*.csv");
@@ -207,11 +209,13 @@ TEST_F(Wizard, TheReportHoldsThePickedRowsInTheOrderOfTheSortBox) {
     // By contact number, and by the date added.
     frm->cmbSortDisks->setCurrentIndex(10);
     frm->bnNextSave_Click();
-    EXPECT_EQ(namesIn(path), QStringList({QString::fromUtf8("Zoë Åberg-Łukasz"), u"Twelve Numbers"_s, u"Pia Photo"_s}));
+    EXPECT_EQ(namesIn(path),
+              QStringList({QString::fromUtf8("Zoë Åberg-Łukasz"), u"Twelve Numbers"_s, u"Pia Photo"_s}));
     set(zoe, "DateScan", QDateTime(QDate(2025, 1, 1), QTime(0, 0)));
     frm->cmbSortDisks->setCurrentIndex(11);
     frm->bnNextSave_Click();
-    EXPECT_EQ(namesIn(path), QStringList({u"Twelve Numbers"_s, u"Pia Photo"_s, QString::fromUtf8("Zoë Åberg-Łukasz")}));
+    EXPECT_EQ(namesIn(path),
+              QStringList({u"Twelve Numbers"_s, u"Pia Photo"_s, QString::fromUtf8("Zoë Åberg-Łukasz")}));
 }
 
 TEST_F(Wizard, ShortCategoryPrintsAndSortsByTheLastName) {

@@ -127,9 +127,10 @@ TEST_F(Writers, ARealCsvReaderGetsEveryValueBack) {
     EXPECT_EQ(heading.size(), 25);
     // The columns in their default order: name, title, company, the twelve numbers, address,
     // city, state, zip, comment, category, favorite, number, added, group.
-    EXPECT_EQ(heading.mid(0, 5), QStringList({u"Full Name"_s, u"Title"_s, u"Company"_s, u"Info 1"_s, u"Info 2"_s}));
+    EXPECT_EQ(heading.mid(0, 5),
+              QStringList({u"Full Name"_s, u"Title"_s, u"Company"_s, u"Info 1"_s, u"Info 2"_s}));
     EXPECT_EQ(heading.mid(19), QStringList({u"Comment"_s, u"Category"_s, u"Favorites"_s, u"Contact #"_s,
-                                             u"Added"_s, u"Group"_s}));
+                                            u"Added"_s, u"Group"_s}));
     // Every row has every cell, and every cell holds the value as stored.
     QMap<QString, QJsonArray> byName;
     for (int i = 1; i < rows.size(); ++i) {
@@ -145,12 +146,31 @@ TEST_F(Writers, ARealCsvReaderGetsEveryValueBack) {
     };
     const QString empty;
     EXPECT_EQ(cells(QString::fromUtf8("Zoë Åberg-Łukasz")),
-              QStringList({QString::fromUtf8("Zoë Åberg-Łukasz"), u"Dr."_s, u"Smith & Sons"_s,
-                           u"Home phone: +46 40 123 45"_s, empty, empty, empty, u"Email: zoe@example.org"_s, empty,
-                           empty, empty, empty, empty, empty, empty, u"Storgatan 1\r\nBox 7"_s,
-                           QString::fromUtf8("Malmö"), QString::fromUtf8("Skåne"), u"211 22"_s,
-                           u"Says \"hi\" <b>loudly</b>\r\nand means it"_s, u"Business/Customers"_s,
-                           u"My favorites"_s, QString::number(zoe), mCommon::TimeCorrectView(QDateTime(QDate(2024, 3, 5), QTime(14, 7, 9))), u"Others"_s}));
+              QStringList({QString::fromUtf8("Zoë Åberg-Łukasz"),
+                           u"Dr."_s,
+                           u"Smith & Sons"_s,
+                           u"Home phone: +46 40 123 45"_s,
+                           empty,
+                           empty,
+                           empty,
+                           u"Email: zoe@example.org"_s,
+                           empty,
+                           empty,
+                           empty,
+                           empty,
+                           empty,
+                           empty,
+                           empty,
+                           u"Storgatan 1\r\nBox 7"_s,
+                           QString::fromUtf8("Malmö"),
+                           QString::fromUtf8("Skåne"),
+                           u"211 22"_s,
+                           u"Says \"hi\" <b>loudly</b>\r\nand means it"_s,
+                           u"Business/Customers"_s,
+                           u"My favorites"_s,
+                           QString::number(zoe),
+                           mCommon::TimeCorrectView(QDateTime(QDate(2024, 3, 5), QTime(14, 7, 9))),
+                           u"Others"_s}));
     const QStringList pat = cells(u"O'Brien, \"Pat\""_s);
     ASSERT_EQ(pat.size(), 25);
     EXPECT_EQ(pat[4], "Work phone: \"ext\" 12");
@@ -177,7 +197,8 @@ TEST_F(Writers, AFileThatCannotBeWrittenIsAnError) {
         FAIL() << "no error";
     } catch (const HuntERR::Error& e) {
         EXPECT_EQ(e.Number(), 75);
-        EXPECT_TRUE(e.Stack().join(' ').contains(u"Form15.SaveReport"_s)) << e.Stack().join(' ').toStdString();
+        EXPECT_TRUE(e.Stack().join(' ').contains(u"Form15.SaveReport"_s))
+            << e.Stack().join(' ').toStdString();
     }
     EXPECT_TRUE(frm->ProgressBar1->isHidden());
 }
