@@ -1,4 +1,4 @@
-// Reports opened in a real browser: headless Chromium reads the file, and the document it builds
+// Reports opened in a real browser: headless Chromium reads the file, and the page it builds
 // must hold one row per contact with the values as typed.
 #include "reports/reportbook.h"
 
