@@ -5,6 +5,7 @@
 #include "core/datafiles.h"
 #include "core/errorreport.h"
 #include "core/globals.h"
+#include "core/language.h"
 #include "mainwindow/form1.h"
 #include "mainwindow/form4.h"
 #include "mainwindow/form9.h"
@@ -12,6 +13,7 @@
 #include "mainwindow/tray.h"
 #include "preferences/preferences.h"
 #include "preferences/settings.h"
+#include "reports/reportwindow.h"
 #include "search/form8.h"
 #include "support/controls/commandbars.h"
 #include "support/controls/treeview.h"
@@ -59,8 +61,6 @@ const int kWithoutAction[] = {
     cmd::AccessOptions,
     cmd::ContactDelete,
     cmd::ContactCopy,
-    cmd::ToolsReport,
-    cmd::ToolsReportSelected,
     cmd::ToolsPreferences,
     cmd::HelpWebsite,
     cmd::HelpSupport,
@@ -69,15 +69,28 @@ const int kWithoutAction[] = {
     cmd::ListDelete,
     cmd::ListCopy,
     cmd::MainDelete,
-    cmd::MainReport,
     cmd::MainPreferences,
-    cmd::ReportOnList,
-    cmd::ReportOnContact,
     cmd::TrayWebsite,
     cmd::TraySupport,
     cmd::TrayFeedback,
 };
 // clang-format on
+
+// The report button of the main toolbar repeats the source chosen last from its drop-down:
+// the entry makes the button's tag "DiskList" or "FileList" and its tip, and stores the choice.
+void chooseReportSource(CommandBars& bars, bool diskList) {
+    const QString mode = diskList ? QStringLiteral("DiskList") : QStringLiteral("FileList");
+    if (CommandBarAction* button = bars.FindAction(cmd::MainReport)) {
+        button->SetTag(mode);
+        button->setToolTip(diskList ? mLanguageGobals::msgReportBasedOnContactList
+                                    : mLanguageGobals::msgReportBasedOnSelectedContact);
+    }
+    SaveSetting(AppTitle(), QStringLiteral("Main"), QStringLiteral("ReportMode"), mode);
+    if (diskList)
+        mCommon::ReportDiskList();
+    else
+        mCommon::ReportFileList();
+}
 
 } // namespace
 
@@ -221,6 +234,22 @@ void Form1::CommandBars1_Execute(CommandBarAction* Control) {
         case cmd::ToolsSearch:
         case cmd::MainSearch:
             mCommon::Search();
+            break;
+        case cmd::ToolsReport:
+            mCommon::ReportDiskList();
+            break;
+        case cmd::ToolsReportSelected:
+            mCommon::ReportFileList();
+            break;
+        case cmd::MainReport:
+            if (Control->Tag() == QLatin1String("FileList"))
+                mCommon::ReportFileList();
+            else
+                mCommon::ReportDiskList();
+            break;
+        case cmd::ReportOnList:
+        case cmd::ReportOnContact:
+            chooseReportSource(*CommandBars1, id == cmd::ReportOnList);
             break;
 
         case cmd::TabCategories:
