@@ -1,6 +1,6 @@
 # Kelvarin: thin front over CMake. Every package the build needs comes from Debian.
 PACKAGES := g++ cmake make ccache pkg-config qt6-base-dev qt6-base-dev-tools qt6-image-formats-plugins \
-            libgl-dev libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth clang-format
+            libgl-dev libsqlite3-dev libgcrypt20-dev libgtest-dev libgmock-dev libbenchmark-dev xvfb xauth clang-format
 BUILD    ?= build
 JOBS     ?= $(shell nproc 2>/dev/null || echo 2)
 SUDO     := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
