@@ -44,14 +44,15 @@ constexpr int kBlock = 8;
 }
 
 [[noreturn]] void badText(const QString& why) {
-    throw HuntERR::Error(mAccess::errBadCiphertext, QStringLiteral("The stored password cannot be read: ") + why,
+    throw HuntERR::Error(mAccess::errBadCiphertext,
+                         QStringLiteral("The stored password cannot be read: ") + why,
                          QStringLiteral("clsBlowfish"));
 }
 
 // One Blowfish run of libgcrypt over whole blocks; the handle is closed however the run ends.
 QByteArray run(int mode, bool encrypt, const QByteArray& key, const QByteArray& iv, const QByteArray& data) {
-    static const bool ready = gcry_check_version(nullptr) != nullptr &&
-                              gcry_control(GCRYCTL_INITIALIZATION_FINISHED, 0) == 0;
+    static const bool ready =
+        gcry_check_version(nullptr) != nullptr && gcry_control(GCRYCTL_INITIALIZATION_FINISHED, 0) == 0;
     (void)ready;
     if (data.size() % kBlock != 0) badText(QStringLiteral("its length is not a whole number of blocks"));
     gcry_cipher_hd_t h = nullptr;
@@ -65,8 +66,9 @@ QByteArray run(int mode, bool encrypt, const QByteArray& key, const QByteArray& 
         if (gcry_error_t e = gcry_cipher_setiv(h, iv.constData(), size_t(iv.size()))) cipherFailed(e);
     QByteArray out(data.size(), Qt::Uninitialized);
     const gcry_error_t e =
-        encrypt ? gcry_cipher_encrypt(h, out.data(), size_t(out.size()), data.constData(), size_t(data.size()))
-                : gcry_cipher_decrypt(h, out.data(), size_t(out.size()), data.constData(), size_t(data.size()));
+        encrypt
+            ? gcry_cipher_encrypt(h, out.data(), size_t(out.size()), data.constData(), size_t(data.size()))
+            : gcry_cipher_decrypt(h, out.data(), size_t(out.size()), data.constData(), size_t(data.size()));
     if (e) cipherFailed(e);
     return out;
 }

@@ -32,7 +32,8 @@ qint32 jetOfErrno(int e) {
 
 // Flushes a file or a folder to the disk; a failure to sync is no failure of the compact.
 void syncPath(const QString& path, bool folder) {
-    const int fd = ::open(QFile::encodeName(path).constData(), (folder ? O_DIRECTORY : 0) | O_RDONLY | O_CLOEXEC);
+    const int fd =
+        ::open(QFile::encodeName(path).constData(), (folder ? O_DIRECTORY : 0) | O_RDONLY | O_CLOEXEC);
     if (fd < 0) return;
     ::fsync(fd);
     ::close(fd);
@@ -84,11 +85,13 @@ void CopyFileSafely(const QString& from, const QString& to) {
     HUNT_PLACE("mAccess.CopyFileSafely(from, to)", from, to);
     QFile in(from);
     if (!in.open(QIODevice::ReadOnly))
-        throw dao::DbError(jetOfErrno(errno), QStringLiteral("Cannot read '%1': %2").arg(from, in.errorString()),
+        throw dao::DbError(jetOfErrno(errno),
+                           QStringLiteral("Cannot read '%1': %2").arg(from, in.errorString()),
                            QStringLiteral("Kelvarin"));
     QSaveFile out(to);
     if (!out.open(QIODevice::WriteOnly))
-        throw dao::DbError(jetOfErrno(errno), QStringLiteral("Cannot write '%1': %2").arg(to, out.errorString()),
+        throw dao::DbError(jetOfErrno(errno),
+                           QStringLiteral("Cannot write '%1': %2").arg(to, out.errorString()),
                            QStringLiteral("Kelvarin"));
     QByteArray chunk;
     while (!(chunk = in.read(1 << 20)).isEmpty()) {
@@ -96,7 +99,8 @@ void CopyFileSafely(const QString& from, const QString& to) {
         if (out.write(chunk) != chunk.size()) {
             const int e = errno;
             out.cancelWriting();
-            throw dao::DbError(jetOfErrno(e), QStringLiteral("Cannot write '%1': %2").arg(to, out.errorString()),
+            throw dao::DbError(jetOfErrno(e),
+                               QStringLiteral("Cannot write '%1': %2").arg(to, out.errorString()),
                                QStringLiteral("Kelvarin"));
         }
     }
@@ -120,7 +124,8 @@ bool CompactFile(const QString& path, const QString& temp) {
             db.ExecuteNative(QStringLiteral("VACUUM INTO ") + quoted(QFileInfo(temp).absoluteFilePath()));
         } catch (const HuntERR::Error& e) {
             if (!counter.stopped) throw;
-            throw dao::DbError(hooks.failNumber, QStringLiteral("The copy was broken off: ") + e.Description());
+            throw dao::DbError(hooks.failNumber,
+                               QStringLiteral("The copy was broken off: ") + e.Description());
         }
         sqlite3_progress_handler(db.handle(), 0, nullptr, nullptr);
         db.Close();

@@ -69,7 +69,8 @@ void Form22::buildControls() {
     grid->setColumnStretch(1, 1);
     resize(340, 150);
 
-    connect(bnOK, &QPushButton::clicked, this, [this] { RunEvent("Form22.bnOK_Click", [this] { bnOK_Click(); }); });
+    connect(bnOK, &QPushButton::clicked, this,
+            [this] { RunEvent("Form22.bnOK_Click", [this] { bnOK_Click(); }); });
     connect(fdPW, &QLineEdit::returnPressed, this,
             [this] { RunEvent("Form22.bnOK_Click", [this] { bnOK_Click(); }); });
     connect(bnCancel, &QPushButton::clicked, this,

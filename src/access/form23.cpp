@@ -77,7 +77,8 @@ void Form23::buildControls() {
     grid->setColumnStretch(1, 1);
     resize(360, 230);
 
-    connect(bnOK, &QPushButton::clicked, this, [this] { RunEvent("Form23.bnOK_Click", [this] { bnOK_Click(); }); });
+    connect(bnOK, &QPushButton::clicked, this,
+            [this] { RunEvent("Form23.bnOK_Click", [this] { bnOK_Click(); }); });
     connect(bnCancel, &QPushButton::clicked, this,
             [this] { RunEvent("Form23.bnCancel_Click", [this] { bnCancel_Click(); }); });
 }

@@ -45,7 +45,8 @@ Form6::Form6(QWidget* parent) : FormDialog(QStringLiteral("Form6"), parent) {
 
     connect(bnMoveDatabase, &QPushButton::clicked, this,
             [this] { RunEvent("Form6.bnMoveDatabase_Click", [this] { bnMoveDatabase_Click(); }); });
-    connect(bnOK, &QPushButton::clicked, this, [this] { RunEvent("Form6.bnOK_Click", [this] { bnOK_Click(); }); });
+    connect(bnOK, &QPushButton::clicked, this,
+            [this] { RunEvent("Form6.bnOK_Click", [this] { bnOK_Click(); }); });
     RunEvent("Form6.Form_Load", [this] { Form_Load(); });
 }
 

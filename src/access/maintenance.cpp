@@ -94,7 +94,8 @@ bool ClearDB() {
 void ClearAndCompactDB(QWidget* owner) {
     HUNT_PLACE("mAccess.ClearAndCompactDB");
     (void)owner;
-    if (MsgBox(msgReallyDeleteAllData, vb::vbYesNo | vb::vbDefaultButton2, vb::vbQuestion) != vb::vbYes) return;
+    if (MsgBox(msgReallyDeleteAllData, vb::vbYesNo | vb::vbDefaultButton2, vb::vbQuestion) != vb::vbYes)
+        return;
     if (!ClearDB()) return;
     call(MainHooks().ClearViews);
     MsgBox(msgPhonebookCleared, vb::vbOKOnly, vb::vbInformation);
@@ -117,7 +118,8 @@ void MoveDatabase(QWidget* owner, const std::function<void(const QString&)>& fdD
     HUNT_PLACE("mAccess.MoveDatabase");
     const QString folder = BrowseForFolder(msgMoveDatabaseTo, QFileInfo(gDBPath).absolutePath(), owner);
     if (folder.isEmpty()) return;
-    const QString target = mDrive::GetPathWithNoSlash(folder) + QLatin1Char('/') + QFileInfo(gDBPath).fileName();
+    const QString target =
+        mDrive::GetPathWithNoSlash(folder) + QLatin1Char('/') + QFileInfo(gDBPath).fileName();
     if (QFileInfo::exists(target)) {
         MsgBox(msgDatabaseNotMovedFileExists, vb::vbOKOnly, vb::vbExclamation);
         return;
@@ -130,8 +132,9 @@ void MoveDatabase(QWidget* owner, const std::function<void(const QString&)>& fdD
         if (::rename(from.constData(), to.constData()) != 0) {
             const int e = errno;
             if (e != EXDEV)
-                throw dao::DbError(e == ENOSPC ? dao::errDiskFull : e == EACCES || e == EPERM ? dao::errPermission
-                                                                                            : dao::errPathFile,
+                throw dao::DbError(e == ENOSPC                 ? dao::errDiskFull
+                                   : e == EACCES || e == EPERM ? dao::errPermission
+                                                               : dao::errPathFile,
                                    QString::fromLocal8Bit(strerror(e)), QStringLiteral("Kelvarin"));
             // Another file system: copy, then delete the original once the copy is whole.
             CopyFileSafely(gDBPath, target);

@@ -24,13 +24,12 @@ const std::vector<RestrictionRow> kRestrictionTable = {
 };
 
 const std::vector<int> kMainWindowCommands = {
-    cmd::AccessOptions, cmd::FileClearDB,    cmd::FileCompactDB, cmd::CategoryQuickAdd, cmd::CategoryAdd,
-    cmd::CategoryRename, cmd::CategoryDelete, cmd::ContactAdd,   cmd::ListAdd,          cmd::MainAdd};
+    cmd::AccessOptions,  cmd::FileClearDB,    cmd::FileCompactDB, cmd::CategoryQuickAdd, cmd::CategoryAdd,
+    cmd::CategoryRename, cmd::CategoryDelete, cmd::ContactAdd,    cmd::ListAdd,          cmd::MainAdd};
 
-const std::vector<int> kMainWindowSelectionCommands = {cmd::ContactCopy, cmd::ContactNoFavorite,
-                                                       cmd::ContactDelete, cmd::ListCopy,
-                                                       cmd::ListNoFavorite, cmd::ListDelete,
-                                                       cmd::MainDelete};
+const std::vector<int> kMainWindowSelectionCommands = {
+    cmd::ContactCopy,    cmd::ContactNoFavorite, cmd::ContactDelete, cmd::ListCopy,
+    cmd::ListNoFavorite, cmd::ListDelete,        cmd::MainDelete};
 
 void applyToMainWindow(QWidget* frm) {
     // Without a phonebook every command keeps the state the loss of the connection gave it.

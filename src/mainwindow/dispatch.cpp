@@ -37,13 +37,12 @@ bool updatesMenu(int id) {
 
 // Commands whose action is still to come: they stay disabled, whatever the state of the window.
 const int kWithoutAction[] = {
-    cmd::ContactDelete, cmd::ContactCopy,
-    cmd::ToolsSearch,      cmd::ToolsStatistics, cmd::ToolsReport,   cmd::ToolsReportSelected,
-    cmd::ToolsPreferences, cmd::HelpContents,    cmd::HelpTip,       cmd::HelpWebsite,
-    cmd::HelpSupport,      cmd::HelpFeedback,    cmd::HelpAbout,     cmd::ListDelete,
-    cmd::ListCopy,         cmd::MainDelete,      cmd::MainSearch,    cmd::MainStatistics,
-    cmd::MainReport,       cmd::MainPreferences, cmd::MainHelp,      cmd::ReportOnList,
-    cmd::ReportOnContact,
+    cmd::ContactDelete, cmd::ContactCopy,         cmd::ToolsSearch,      cmd::ToolsStatistics,
+    cmd::ToolsReport,   cmd::ToolsReportSelected, cmd::ToolsPreferences, cmd::HelpContents,
+    cmd::HelpTip,       cmd::HelpWebsite,         cmd::HelpSupport,      cmd::HelpFeedback,
+    cmd::HelpAbout,     cmd::ListDelete,          cmd::ListCopy,         cmd::MainDelete,
+    cmd::MainSearch,    cmd::MainStatistics,      cmd::MainReport,       cmd::MainPreferences,
+    cmd::MainHelp,      cmd::ReportOnList,        cmd::ReportOnContact,
 };
 
 } // namespace
