@@ -328,3 +328,22 @@ TEST_F(AccessFlow, AccessOptionsStoreThePasswordsEncipheredAndTheNextOpenAsks) {
     EXPECT_FALSE(mMain::NeedPassword(false, false));
     EXPECT_TRUE(gReadOnlyMode); // Read-only access by default, entered without a dialog
 }
+
+// Pictures of the two dialogs for the documentation: run under Xvfb with
+// KELVARIN_SHOTS=<folder> and --gtest_also_run_disabled_tests.
+TEST_F(AccessFlow, DISABLED_Screenshots) {
+    const QString folder = qEnvironmentVariable("KELVARIN_SHOTS");
+    ASSERT_FALSE(folder.isEmpty());
+    setPasswords(u"secret"_s, u"reader"_s, true);
+    gDBPath = m_book;
+    ASSERT_TRUE(mLogin::LoginCnn(false));
+    Form22 login(false, false);
+    login.fdPW->setText(u"secret"_s);
+    login.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&login));
+    EXPECT_TRUE(login.grab().save(folder + u"/form22-password.png"_s));
+    Form23 options;
+    options.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&options));
+    EXPECT_TRUE(options.grab().save(folder + u"/form23-access-options.png"_s));
+}

@@ -369,7 +369,7 @@ TEST_F(View, CommandsWithoutTheirActionStayDisabledWhateverTheState) {
     f.MenuUpdate();
     for (int id :
          {int(cmd::ContactDelete), int(cmd::ContactCopy), int(cmd::ToolsSearch), int(cmd::ToolsReport),
-          int(cmd::FileCompactDB), int(cmd::HelpAbout), int(cmd::MainDelete), int(cmd::MainPreferences)}) {
+          int(cmd::ToolsStatistics), int(cmd::HelpAbout), int(cmd::MainDelete), int(cmd::MainPreferences)}) {
         EXPECT_FALSE(action(id)->Enabled()) << id;
         EXPECT_FALSE(action(id)->isEnabled()) << id;
     }
