@@ -1,5 +1,6 @@
 #include "app/mmain.h"
 
+#include "access/accessmode.h"
 #include "app/commandline.h"
 #include "app/nophonebook.h"
 #include "app/previnstance.h"
@@ -292,6 +293,12 @@ void Main() {
                 MsgBox(text, vb::vbOKOnly, vb::vbCritical);
             reported.clear();
         }
+        // A phonebook with a password for its default mode asks for it before any window shows;
+        // Cancel ends the program.
+        if (connected && !mAccess::LoginPassword(nullptr)) {
+            mMain::Closing();
+            return;
+        }
         // The main window; loading it restores its layout, place and recent files. It is
         // drawn before the phonebook fills it.
         auto* form = new Form1();
@@ -331,7 +338,10 @@ void Main() {
         form->Timer1_Timer(); // the status bar shows the date again
         RunEvent("mTips.StartupTip", [form] { mTips::StartupTip(false, form); });
         // Without a phonebook, the window that says why and offers Open and New.
-        if (!connected) offerPhonebook(*form, reported);
+        if (!connected)
+            offerPhonebook(*form, reported);
+        else
+            mAccess::AddTableCombo(form);
         // A phonebook handed over by a second start during the start opens now.
         gMainFormShown = true;
         gStarted = true;

@@ -1,4 +1,5 @@
 #include "core/seams.h"
+#include "core/restrictions.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -97,6 +98,7 @@ MsgBoxHandler SetMsgBoxHandler(MsgBoxHandler handler) {
 }
 
 int ShowModal(QDialog* form, QWidget* owner) {
+    mCommon::RORestrictions(form); // a restricted session has the last word on what the form allows
     if (modalHandler()) return modalHandler()(form, owner);
     if (owner && form->parentWidget() != owner) form->setParent(owner, form->windowFlags() | Qt::Dialog);
     form->setWindowModality(Qt::ApplicationModal);

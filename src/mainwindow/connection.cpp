@@ -68,6 +68,7 @@ void EditCaption() {
     QString title = AppTitle();
     if (gDBOpen) {
         title += QStringLiteral(" - ") + gDBPath;
+        if (gRestricted) title += msgCaptionReadOnly;
         if (BDSizeOnTitle)
             title += QStringLiteral(" - ") + msgDatabaseSize + mScanCD::GetFileDBSize(false, gDBPath);
     }

@@ -53,12 +53,6 @@ bool changesView(int id) {
 // Commands whose action is still to come: they stay disabled, whatever the state of the window.
 // clang-format off
 const int kWithoutAction[] = {
-    cmd::FileInfo,
-    cmd::FileClearDB,
-    cmd::FileCompactDB,
-    cmd::AccessFull,
-    cmd::AccessReadOnly,
-    cmd::AccessOptions,
     cmd::ContactDelete,
     cmd::ContactCopy,
     cmd::ToolsPreferences,
@@ -121,6 +115,22 @@ void Form1::CommandBars1_Execute(CommandBarAction* Control) {
             break;
         case cmd::RecentClear:
             mnuFileClear_Click();
+            break;
+        case cmd::FileInfo:
+            mnuFileInfo_Click();
+            break;
+        case cmd::FileClearDB:
+            mnuFileClearDB_Click();
+            break;
+        case cmd::FileCompactDB:
+            mnuFileCompactDB_Click();
+            break;
+        case cmd::AccessFull:
+        case cmd::AccessReadOnly:
+            SwithAccessMode(id == cmd::AccessFull);
+            break;
+        case cmd::AccessOptions:
+            OpenAccessOptions();
             break;
 
         case cmd::CategoryQuickAdd:

@@ -1,4 +1,5 @@
 // The File menu: new and open phonebook, the recent files, exit.
+#include "access/accessmode.h"
 #include "contactlist/favorites.h"
 #include "core/cfiledialog.h"
 #include "core/error.h"
@@ -127,6 +128,7 @@ void Form1::fileNew() {
     if (QFile::exists(path) && !QFile::remove(path))
         throw dao::DbError(dao::errPathFile, QStringLiteral("Path/File access error: ") + path,
                            QStringLiteral("Kelvarin"));
+    gReadOnlyMode = false; // a new phonebook has no passwords: Full access
     showLogin(mLogin::LoginCnn(false));
 }
 
@@ -179,7 +181,14 @@ void Form1::openChosen(const QString& chosen) {
     }
     gDBPath = path;
     mCommon::Disconnect();
-    showLogin(mLogin::LoginCnn(false));
+    bool connected = mLogin::LoginCnn(false);
+    // A phonebook with a password for its default mode asks for it; Cancel leaves none open.
+    if (connected && !mAccess::LoginPassword(this)) {
+        mCommon::Disconnect();
+        connected = false;
+    }
+    showLogin(connected);
+    if (connected) mAccess::AddTableCombo(this);
 }
 
 // The window after an open or a creation: the phonebook shown, or the state without one.

@@ -9,6 +9,7 @@
 #include "core/errorreport.h"
 #include "core/globals.h"
 #include "core/language.h"
+#include "core/restrictions.h"
 #include "mainwindow/connection.h"
 #include "mainwindow/dockingpane.h"
 #include "mainwindow/statusbar.h"
@@ -106,6 +107,7 @@ Form1::~Form1() {
     mMru::SetMenuHandler({});
     if (gForm1 == this) {
         clearHooks();
+        clearAccessHooks();
         gForm1 = nullptr;
         mTV::SetMainWindow(nullptr);
     }
@@ -132,6 +134,7 @@ void Form1::Form_Load() {
     MarkCommandsWithoutAction();
     LoadPanes();
     fillHooks();
+    fillAccessHooks();
     // Kept from an older layout of the window: read here, written back at unload.
     SXpc2 = readPercent("SXpc2", 70);
     SXpc1 = readPercent("SXpc1", 35);
@@ -264,6 +267,7 @@ void Form1::MenuUpdate() {
                            {cmd::TabFavorites, cmd::ViewFavorites}};
     for (const auto& t : tabs)
         CommandBars1->FindAction(t[1])->SetChecked(CommandBars1->FindAction(t[0])->Checked());
+    mCommon::RORestrictions(this); // a phonebook that may not be changed has the last word
 }
 
 void Form1::GroupChange(int ButtonID) {

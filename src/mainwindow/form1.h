@@ -99,6 +99,9 @@ class Form1 : public QMainWindow, public mTV::MainWindow {
     // Restricted when the file opened read-only or the session is in Read-only access; the two
     // access entries show the mode.
     void ROSwitch();
+    // File > Access mode: Full access (true) or Read-only access, with the password when it has one.
+    void SwithAccessMode(bool FullMode);
+    void OpenAccessOptions();
     // The tree tabs, the letters and the category mode for a phonebook just opened, and its tree
     // filled: Categories, all letters, the root in force.
     void IniToolBar2();
@@ -138,6 +141,9 @@ class Form1 : public QMainWindow, public mTV::MainWindow {
     void mnuFileOpen_Click();
     void mnuFileMRU_Click(int Index);
     void mnuFileClear_Click();
+    void mnuFileInfo_Click();
+    void mnuFileClearDB_Click();
+    void mnuFileCompactDB_Click();
     void mnuFileExit_Click();
     // Opens `path` as File > Open does once a file is chosen (a phonebook handed over by a second start).
     void OpenPhonebook(const QString& path);
@@ -180,6 +186,8 @@ class Form1 : public QMainWindow, public mTV::MainWindow {
     void connectViewEvents();
     void fillHooks();
     void clearHooks();
+    void fillAccessHooks();
+    void clearAccessHooks();
     void showTree(const QString& tab);
     int buttonOfTag(const QString& Key) const;
     void tickCategoryMode();

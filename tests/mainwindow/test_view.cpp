@@ -416,8 +416,10 @@ TEST_F(View, APhonebookOpenedReadOnlyRestrictsTheCommandsThatWrite) {
     dao::Hooks().refuseOpen = [](const QString&, bool readOnly) {
         return readOnly ? 0 : qint32(dao::errPermission);
     };
+    fixture::MsgBoxRecorder warning; // the file could only be opened read-only: the user is told why
     Form1& f = start();
     dao::Hooks() = dao::TestHooks();
+    EXPECT_EQ(warning.boxes.size(), 1);
     EXPECT_TRUE(gFileReadOnly);
     EXPECT_TRUE(gRestricted);
     EXPECT_TRUE(action(cmd::AccessFull)->Checked()); // the file, not the session, is read-only
