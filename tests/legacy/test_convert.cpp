@@ -1,13 +1,17 @@
 // Phonebooks of the Windows version: converted table by table and field by field as their JSON
 // describes them, older formats brought up to date, and files that are refused or a conversion
 // that is cancelled leaving nothing behind and the original as it was.
+#include "access/accessmode.h"
+#include "access/form22.h"
 #include "core/globals.h"
+#include "core/seams.h"
 #include "legacy/convert.h"
 #include "legacy/jetfile.h"
 #include "phonebook/createdb.h"
 #include "phonebook/login.h"
 #include "support/fixture.h"
 
+#include <QComboBox>
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QDir>
@@ -15,6 +19,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLineEdit>
 
 using fixture::TempDirTest;
 using mLegacy::ConversionError;
@@ -268,4 +273,27 @@ TEST_F(ConvertTest, TheReaderGivesTypedValuesAndSkipsDeletedRows) {
         EXPECT_EQ(v[21].typeId(), QMetaType::QDateTime);
     });
     EXPECT_EQ(ids, (QList<int>{1, 2, 3, 4, 5, 7, 8, 9, 10, 11, 12, 13}));
+}
+
+TEST_F(ConvertTest, TheReadOnlyPasswordOfTheWindowsVersionStillOpensTheConvertedFile) {
+    const QString to = path(QStringLiteral("small.kvdb"));
+    convertAndOpen(copy("jet-small.mdb"), to);
+    EXPECT_TRUE(mMain::NeedPassword(true, false)); // Read-only access has its password
+    gPasswordAccepted = false;
+    {
+        fixture::MsgBoxRecorder refused(vb::vbOK);
+        Form22 wrong(true, false);
+        wrong.fdPW->setText(QStringLiteral("Reader")); // case counts
+        wrong.bnOK_Click();
+        EXPECT_FALSE(gPasswordAccepted);
+        EXPECT_EQ(refused.boxes.size(), 1);
+    }
+    Form22 right(true, false);
+    ASSERT_EQ(right.cmbMode->currentIndex(), 1);
+    right.fdPW->setText(QStringLiteral("reader"));
+    right.bnOK_Click();
+    EXPECT_TRUE(gPasswordAccepted);
+    EXPECT_TRUE(gReadOnlyMode);
+    gReadOnlyMode = false;
+    gPasswordAccepted = false;
 }
