@@ -93,18 +93,6 @@ void copyRows(const JetFile& jet, const TablePlan& table, qint64& done, qint64 t
     rs.Close();
 }
 
-// A Jet Boolean is never Null: the fields the upgrade added to rows of the file read False there.
-void falseForNullBooleans() {
-    dao::Transaction trans(gWS);
-    dao::TableDefs defs = gDB.TableDefs();
-    for (const QString& table : defs.Names())
-        for (const dao::Field& f : defs.Item(table).Fields)
-            if (f.Type == dao::dbBoolean)
-                gDB.ExecuteNative(
-                    QStringLiteral("UPDATE \"%1\" SET \"%2\" = 0 WHERE \"%2\" IS NULL").arg(table, f.Name));
-    trans.Commit();
-}
-
 } // namespace
 
 QString ConvertedName(const QString& jetPath) {
@@ -166,7 +154,6 @@ void ConvertJet(const QString& jetPath, const QString& newPath, const Progress& 
         }
         gFileReadOnly = false;
         mAccess::UpgradeChain();
-        falseForNullBooleans();
         if (progress) progress(plan.Rows, plan.Rows);
         mMain::Closing();
     } catch (const ConversionError&) {

@@ -107,6 +107,9 @@ void TableDefs::Append(const TableDef& def) {
 
 void TableDefs::AppendField(const QString& table, const Field& f) {
     m_db->ExecuteNative(QStringLiteral("ALTER TABLE %1 ADD COLUMN %2").arg(q(table), columnDef(f, false)));
+    // A Yes/No field is never Null: the rows already there read False in a field added to them.
+    if (f.Type == dbBoolean && f.DefaultValue.isNull())
+        m_db->ExecuteNative(QStringLiteral("UPDATE %1 SET %2 = 0").arg(q(table), q(f.Name)));
 }
 
 void TableDefs::AppendIndex(const QString& table, const Index& ix) {
