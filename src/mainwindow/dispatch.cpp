@@ -37,14 +37,18 @@ bool updatesMenu(int id) {
 
 // Commands whose action is still to come: they stay disabled, whatever the state of the window.
 const int kWithoutAction[] = {
-    cmd::FileInfo,         cmd::FileClearDB,     cmd::FileCompactDB, cmd::AccessFull,
-    cmd::AccessReadOnly,   cmd::AccessOptions,   cmd::ContactDelete, cmd::ContactCopy,
-    cmd::ToolsSearch,      cmd::ToolsStatistics, cmd::ToolsReport,   cmd::ToolsReportSelected,
-    cmd::ToolsPreferences, cmd::HelpContents,    cmd::HelpTip,       cmd::HelpWebsite,
-    cmd::HelpSupport,      cmd::HelpFeedback,    cmd::HelpAbout,     cmd::ListDelete,
-    cmd::ListCopy,         cmd::MainDelete,      cmd::MainSearch,    cmd::MainStatistics,
-    cmd::MainReport,       cmd::MainPreferences, cmd::MainHelp,      cmd::ReportOnList,
-    cmd::ReportOnContact,
+    cmd::FileInfo,         cmd::FileClearDB,
+    cmd::FileCompactDB,    cmd::AccessFull,
+    cmd::AccessReadOnly,   cmd::AccessOptions,
+    cmd::ToolsSearch,      cmd::ToolsStatistics,
+    cmd::ToolsReport,      cmd::ToolsReportSelected,
+    cmd::ToolsPreferences, cmd::HelpContents,
+    cmd::HelpTip,          cmd::HelpWebsite,
+    cmd::HelpSupport,      cmd::HelpFeedback,
+    cmd::HelpAbout,        cmd::MainSearch,
+    cmd::MainStatistics,   cmd::MainReport,
+    cmd::MainPreferences,  cmd::MainHelp,
+    cmd::ReportOnList,     cmd::ReportOnContact,
 };
 
 } // namespace
@@ -119,6 +123,17 @@ void Form1::CommandBars1_Execute(CommandBarAction* Control) {
             break;
         case cmd::MainProperties:
             PropertiesFromTab();
+            break;
+        case cmd::ContactDelete:
+        case cmd::ListDelete:
+            mnuEditDelete_Click();
+            break;
+        case cmd::MainDelete:
+            DeleteFromTab(true);
+            break;
+        case cmd::ContactCopy:
+        case cmd::ListCopy:
+            CloneContact();
             break;
 
         case cmd::ViewCategories:
