@@ -175,7 +175,8 @@ TEST_F(Keys, CommandKeysDoTheirUsualWorkAndNeverClash) {
     QTest::keyClick(editor, Qt::Key_Escape);
     EXPECT_FALSE(tree().IsEditingLabel());
 
-    // Del in the tree asks before deleting the node; in the contact list it leaves the tree alone.
+    // Del in the tree asks before deleting the node; in the contact list it asks before deleting
+    // the contact, and leaves the tree alone.
     {
         fixture::MsgBoxRecorder boxes(vb::vbNo);
         tree().setFocus();
@@ -185,7 +186,8 @@ TEST_F(Keys, CommandKeysDoTheirUsualWorkAndNeverClash) {
         clickRow(ann);
         ASSERT_EQ(QApplication::focusWidget(), &list());
         QTest::keyClick(&list(), Qt::Key_Delete);
-        EXPECT_EQ(boxes.boxes.size(), 1);
+        ASSERT_EQ(boxes.boxes.size(), 2);
+        EXPECT_EQ(boxes.texts().last(), mLanguageGobals::msgReallyDeleteSelectedContact);
     }
     EXPECT_NE(tree().Nodes(u"ID4"_s), nullptr);
 
