@@ -6,7 +6,8 @@
 #include "phonebook/lookups.h"
 #include "support/controls/listview.h"
 #include "support/helpers/keys.h"
-#include "trees/counters.h"
+#include "trees/countstep.h"
+#include "trees/viewstate.h"
 
 #include <QStringList>
 
@@ -71,6 +72,15 @@ qint32 CloneContact(const mTV::MainView& view) {
     if (!row || row->Key().contains(QLatin1Char('E'))) return 0;
     const qint32 n = mCommon::GetID1(row->Key());
 
+    // Where the copy stands, for the counts.
+    dao::Recordset place = gDB.OpenRecordset(
+        QStringLiteral("SELECT IDC, IDX, IDB, Label FROM CDs WHERE IDCD = %1").arg(n), dao::dbOpenSnapshot);
+    if (place.AtEOF()) return 0;
+    const qint16 mode = mToolBar::WhatCATIsChecked();
+    const QString node = QLatin1String("ID") + place.Text(mode == 0 ? 0 : mode == 1 ? 1 : 2);
+    const QString label = place.Text(3);
+    place.Close();
+
     dao::Recordset max =
         gDB.OpenRecordset(QStringLiteral("SELECT Max(IDCD) AS maxID FROM CDs"), dao::dbOpenSnapshot);
     const QVariant top = max.AtEOF() ? QVariant() : max[QStringLiteral("maxID")];
@@ -84,7 +94,8 @@ qint32 CloneContact(const mTV::MainView& view) {
                 number + QStringLiteral(" AS ContactNumber, ") + fields +
                 QStringLiteral(" From CDs WHERE IDCD=") + QString::number(n));
     AddDriveListPassive(view.ListView2, id);
-    mTV::UpdateCounters(view.CatTree);
+    // One contact more under the original's node: the counts step up without a new count.
+    mTV::CountContact(view.CatTree, node, label, 1);
     return id;
 }
 
