@@ -3,6 +3,7 @@
 // drags the tree refuses.
 #include "app/mmain.h"
 #include "app/previnstance.h"
+#include "card/form3.h"
 #include "contactlist/dragdrop.h"
 #include "core/commandids.h"
 #include "core/globals.h"
@@ -25,6 +26,9 @@
 #include <QDir>
 #include <QImage>
 #include <QLabel>
+#include <QLinearGradient>
+#include <QPainter>
+#include <QTabWidget>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -402,4 +406,66 @@ TEST_F(Edit, ThePhotoPaneShowsTheStoredPhotoAndLeavesNoTemporaryFile) {
     EXPECT_FALSE(QFile::exists(gPhotoTempFile));
     clickRow(u"ID%1"_s.arg(dora));
     EXPECT_EQ(form().picImage.toImage(), form().imNoImage.toImage());
+}
+
+// Pictures of the card's photo page and of the photo pane for the documentation: run with
+// KELVARIN_SCREENSHOT_DIR set, under a real display (Xvfb), to write them there.
+TEST_F(Edit, ScreenshotsOfThePhoto) {
+    const QString dir = qEnvironmentVariable("KELVARIN_SCREENSHOT_DIR");
+    if (dir.isEmpty()) GTEST_SKIP() << "KELVARIN_SCREENSHOT_DIR not set";
+    Form1& f = start(true);
+    f.resize(1180, 760);
+    // A portrait: a head and shoulders on a soft background.
+    QImage portrait(240, 300, QImage::Format_RGB32);
+    {
+        QPainter p(&portrait);
+        p.setRenderHint(QPainter::Antialiasing);
+        QLinearGradient sky(0, 0, 0, 300);
+        sky.setColorAt(0, QColor(176, 206, 232));
+        sky.setColorAt(1, QColor(236, 242, 248));
+        p.fillRect(portrait.rect(), sky);
+        p.setPen(Qt::NoPen);
+        p.setBrush(QColor(52, 73, 110));
+        p.drawEllipse(QRectF(30, 190, 180, 200));
+        p.setBrush(QColor(233, 190, 160));
+        p.drawEllipse(QRectF(75, 70, 90, 110));
+        p.setBrush(QColor(92, 60, 40));
+        p.drawChord(QRectF(70, 58, 100, 80), 0, 180 * 16);
+    }
+    QByteArray png;
+    QBuffer buffer(&png);
+    buffer.open(QIODevice::WriteOnly);
+    portrait.save(&buffer, "PNG");
+    exec(
+        u"UPDATE CDs SET Title = 'Sales lead', Company = 'Zeta Freight', City = 'Oslo', Type1 = 2, Number1 = "
+        "'+47 22 33 44 55', Type3 = 5, Number3 = 'ann@zeta.example', PhotoExt = 'png', PhotoSize = %1 "
+        "WHERE IDCD = %2"_s.arg(png.size())
+            .arg(ann));
+    {
+        dao::Recordset rs = gDB.OpenRecordset(u"SELECT * FROM CDs WHERE IDCD = %1"_s.arg(ann));
+        rs.Edit();
+        rs.AppendChunk(u"Photo"_s, mPhotoStore::StoredPhotoBytes(png));
+        rs.Update();
+    }
+    f.mnuViewMainRefresh_Click();
+    clickNode(u"ID0"_s);
+    clickRow(u"ID%1"_s.arg(ann));
+    QTest::qWait(200);
+    EXPECT_TRUE(f.grab().save(dir + u"/mainwindow-photo.png"_s));
+
+    // The card with tabs on its photo page.
+    ContactCardWithTabs = true;
+    bool shot = false;
+    fixture::ModalRecorder card([&](QDialog* d) {
+        auto* c = qobject_cast<Form3*>(d);
+        if (!c) return 0;
+        c->show();
+        c->TabControl1->setCurrentIndex(2);
+        QTest::qWait(200);
+        shot = c->grab().save(dir + u"/card-photo.png"_s);
+        c->bnCancel_Click();
+        return c->result();
+    });
+    form().mnuEditProperties_Click();
+    EXPECT_TRUE(shot);
 }
