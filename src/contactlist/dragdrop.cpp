@@ -92,7 +92,9 @@ void dropTreeNode(const mTV::MainView& view, const QString& target, const QStrin
             view.ListView2.ListItems.Remove(rowKey);
         }
     }
-    if (dragKey == selected) UpdateCatInList(view.ListView2, dragKey, name);
+    // The node in force moved along (itself or inside the moved subtree): its rows show new paths.
+    if (const TreeNode* inForce = tree.Nodes(selected); inForce && mTV::SelfParent(tree, dragKey, selected))
+        UpdateCatInList(view.ListView2, selected, NameOfLabel(inForce->Text()));
     if (target == selected) AddCatRecord(view.ListView2, dragKey, node->Text());
     moveNodeInTree(tree, dragKey, target);
 }

@@ -263,6 +263,8 @@ TEST_F(Edit, ACloneKeepsEveryFieldAndTakesTheNextNumbers) {
     ASSERT_TRUE(list().ListItems.Exists(u"ID%1"_s.arg(copy)));
     EXPECT_EQ(list().ListItems(u"ID%1"_s.arg(copy))->Text(), "Dora Dane");
     EXPECT_EQ(label(u"ID0"_s), u"%1 (5)"_s.arg(mLanguageGobals::msgAllCategories));
+    EXPECT_EQ(label(u"ID1"_s), u"Others (2)"_s);
+    EXPECT_EQ(label(u"ID3"_s), u"Business (2)"_s); // untouched
 
     // Deleted and copied again, the copy gets the same numbers again.
     DeleteDiskWarning = false;
@@ -321,6 +323,15 @@ TEST_F(Edit, ANodeDroppedOnAnotherMovesWithItsSubtreeInTheFileAndTheTree) {
     EXPECT_FALSE(list().ListItems.Exists(u"ID4E"_s));
     EXPECT_EQ(label(u"ID3"_s), u"Business (0)"_s);
     EXPECT_EQ(label(u"ID2"_s), u"Personal (3)"_s);
+
+    // With the node in force inside the moved subtree, its rows show their new paths.
+    clickNode(u"ID13"_s);
+    ASSERT_TRUE(startFromTree(u"ID4"_s));
+    ASSERT_EQ(over(u"ID3"_s), mLV::dragMove);
+    form().CatTree_OLEDragDrop(effect);
+    ASSERT_TRUE(list().ListItems.Exists(u"ID%1"_s.arg(bob)));
+    EXPECT_EQ(list().ListItems(u"ID%1"_s.arg(bob))->CellText(3), mTV::GetCBName(13, 0));
+    EXPECT_TRUE(mTV::GetCBName(13, 0).startsWith(u"Business"_s));
 }
 
 TEST_F(Edit, AContactDropsOnTheNodeInForceOnlyInTheAdvancedModeAndNeverOnARoot) {
