@@ -5,13 +5,17 @@
 #include "card/cardhooks.h"
 #include "card/cardrecord.h"
 #include "card/cardtext.h"
+#include "card/form19.h"
+#include "card/photoload.h"
 #include "contactlist/listfill.h"
+#include "core/cfiledialog.h"
 #include "core/errorreport.h"
 #include "core/globals.h"
 #include "core/language.h"
 #include "core/seams.h"
 #include "phonebook/catpath.h"
 #include "phonebook/lookups.h"
+#include "phonebook/storedphoto.h"
 #include "preferences/preferences.h"
 #include "preferences/regsettings.h"
 #include "preferences/settings.h"
@@ -23,6 +27,7 @@
 #include "support/controls/photofit.h"
 #include "support/controls/treeview.h"
 #include "support/helpers/keys.h"
+#include "support/helpers/paths.h"
 #include "trees/form14.h"
 #include "trees/mainview.h"
 #include "trees/membership.h"
@@ -33,7 +38,10 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QEvent>
+#include <QFile>
+#include <QFileInfo>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -158,12 +166,6 @@ CardForm::CardForm(const QString& formName, QWidget* parent) : FormDialog(formNa
     bnOK->setDefault(true);
     bnCancel = makeButton(this, QStringLiteral("bnCancel"));
 
-    // Choosing a photo and editing the number types are not part of the card yet: their
-    // buttons stand in their places, switched off.
-    bnSelectPhoto->setEnabled(false);
-    bnDeletePhoto->setEnabled(false);
-    bnAddType->setEnabled(false);
-
     wireEvents();
 }
 
@@ -195,6 +197,9 @@ void CardForm::wireEvents() {
     click(bnCommentMaximize, "bnCommentMaximize_Click", &CardForm::bnCommentMaximize_Click);
     click(bnCommentMinimize, "bnCommentMinimize_Click", &CardForm::bnCommentMinimize_Click);
     click(chWordWrap, "chWordWrap_Click", &CardForm::chWordWrap_Click);
+    click(bnAddType, "bnAddType_Click", &CardForm::bnAddType_Click);
+    click(bnSelectPhoto, "bnSelectPhoto_Click", &CardForm::bnSelectPhoto_Click);
+    click(bnDeletePhoto, "bnDeletePhoto_Click", &CardForm::bnDeletePhoto_Click);
     for (int n = 1; n <= kRows; ++n) {
         connect(bnCleareType[n], &QToolButton::clicked, this,
                 [this, n] { onEvent("bnCleareType_Click", [this, n] { bnCleareType_Click(n); }); });
@@ -337,7 +342,8 @@ void CardForm::loadContact() {
 
 void CardForm::applyRestrictions() {
     if (!gRestricted) return;
-    for (QWidget* w : std::initializer_list<QWidget*>{bnOK, bnAddCategory, bnAddFavorite, bnAddType})
+    for (QWidget* w : std::initializer_list<QWidget*>{bnOK, bnAddCategory, bnAddFavorite, bnAddType,
+                                                      bnSelectPhoto, bnDeletePhoto})
         w->setEnabled(false);
 }
 
@@ -538,6 +544,13 @@ void CardForm::chWordWrap_Click() {
     fdComment->setLineWrapMode(wrap ? QPlainTextEdit::WidgetWidth : QPlainTextEdit::NoWrap);
     fdComment->setHorizontalScrollBarPolicy(wrap ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
     SaveSetting(AppTitle(), kPreferences, QStringLiteral("CommentWordWrap"), wrap);
+}
+
+void CardForm::bnAddType_Click() {
+    HUNT_PLACE(Place("bnAddType_Click"));
+    Form19 frm(this, this);
+    ShowModal(&frm, this);
+    FillTypeCombo();
 }
 
 // ---- OK and Cancel
@@ -754,19 +767,78 @@ void CardForm::ResizePhotoInProperties() {
 }
 
 void CardForm::LoadPhotoFromDB(const dao::Recordset& rstWork) {
-    const QByteArray photo = rstWork[QStringLiteral("Photo")].toByteArray();
+    HUNT_PLACE(Place("LoadPhotoFromDB"));
+    const mCard::StoredPhoto read = mCard::LoadStoredPhoto(rstWork, picImage, imNoImage);
+    if (read == mCard::StoredPhoto::NotRead) return;
     // A stored photo counts as kept even when it cannot be shown, so that saving leaves it.
-    PhotoState = photo.isEmpty() ? 0 : 2;
-    if (photo.isEmpty() || !picImage.loadFromData(photo)) picImage = imNoImage;
+    if (read == mCard::StoredPhoto::Stored) PhotoState = 2;
+    ResizePhotoInProperties();
+}
+
+void CardForm::bnSelectPhoto_Click() {
+    HUNT_PLACE(Place("bnSelectPhoto_Click"));
+    CFileDialog dialog;
+    dialog.Title = msgSelectPhoto;
+    dialog.Mask = msgAllSupportedFiles +
+                  QStringLiteral(" (*.bmp; *.jpg; *.jpeg; *.gif; *.png)|*.bmp;*.jpg;*.jpeg;*.gif;*.png|") +
+                  msgBitmapFiles + QStringLiteral(" (*.bmp)|*.bmp|") + msgJPEG +
+                  QStringLiteral(" (*.jpg; *.jpeg)|*.jpg;*.jpeg|") + msgGIF +
+                  QStringLiteral(" (*.gif)|*.gif|") + msgPNG + QStringLiteral(" (*.png)|*.png");
+    dialog.Owner = this;
+    const QString before = PhotoPath;
+    PhotoPath = dialog.Show(false) ? dialog.FileName : QString();
+    // A cancelled choice keeps the photo shown and PhotoState; only the path is gone.
+    if (PhotoPath.isEmpty()) return;
+    if (QFileInfo(PhotoPath).size() > mPhotoStore::kMaxPhotoFile) {
+        PhotoPath = before;
+        MsgBox(msgMaximumFileSize500Kb, vb::vbOKOnly, vb::vbExclamation);
+        return;
+    }
+    QPixmap picture;
+    if (!mPhoto::LoadPicture(PhotoPath, picture)) {
+        const QString chosen = PhotoPath;
+        PhotoPath = before;
+        throw HuntERR::Error(481, QStringLiteral("Invalid picture: ") + chosen);
+    }
+    picImage = picture;
+    ResizePhotoInProperties();
+    PhotoState = 1;
+}
+
+void CardForm::bnDeletePhoto_Click() {
+    HUNT_PLACE(Place("bnDeletePhoto_Click"));
+    PhotoPath.clear();
+    PhotoState = 0;
+    picImage = imNoImage;
     ResizePhotoInProperties();
 }
 
 void CardForm::SavePhotoToDB(dao::Recordset& rstWork) {
+    HUNT_PLACE(Place("SavePhotoToDB"), PhotoState);
+    if (PhotoState == 0) {
+        rstWork.SetValue(QStringLiteral("Photo"), QVariant());
+        rstWork.SetValue(QStringLiteral("PhotoExt"), QVariant());
+        rstWork.SetValue(QStringLiteral("PhotoSize"), QVariant());
+        return;
+    }
     // A stored photo that was not changed stays as it is.
-    if (PhotoState != 0) return;
-    rstWork.SetValue(QStringLiteral("Photo"), QVariant());
-    rstWork.SetValue(QStringLiteral("PhotoExt"), QVariant());
-    rstWork.SetValue(QStringLiteral("PhotoSize"), QVariant());
+    if (PhotoState != 1) return;
+    if (PhotoPath.isEmpty())
+        throw HuntERR::Error(75, QStringLiteral("Path/File access error: no photo file."));
+    QFile file(PhotoPath);
+    if (!file.open(QIODevice::ReadOnly))
+        throw HuntERR::Error(file.exists() ? 75 : 53,
+                             (file.exists() ? QStringLiteral("Path/File access error: ")
+                                            : QStringLiteral("File not found: ")) +
+                                 PhotoPath);
+    const qint64 length = file.size();
+    rstWork.SetValue(QStringLiteral("PhotoExt"), mCommon::Spliting2(QFileInfo(PhotoPath).fileName(), -1));
+    rstWork.SetValue(QStringLiteral("PhotoSize"), double(length));
+    // The window keeps painting between the blocks; what the user types waits for the save.
+    rstWork.AppendChunk(QStringLiteral("Photo"), mPhotoStore::StoredPhotoBytes(file, length, [] {
+                            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+                        }));
+    file.close();
 }
 
 bool CardForm::eventFilter(QObject* watched, QEvent* event) {

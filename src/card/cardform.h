@@ -109,13 +109,19 @@ class CardForm : public FormDialog {
     void bnCommentMaximize_Click();
     void bnCommentMinimize_Click();
     void chWordWrap_Click();
+    // Opens the number types editor, then fills the type combos again.
+    void bnAddType_Click();
 
     // Saving, inside the transaction of OK.
     void UpdateRecord(bool pAdd);
     void UpdateDriveList();
     void CommentAndNameUpdate();
 
-    // The photo page.
+    // The photo page. A chosen file is shown at once and stored by OK; a file over 512,000 bytes
+    // is refused with a message, one that cannot be decoded with an error, and either leaves the
+    // card as it was. Cancelling the chooser empties PhotoPath and leaves the rest.
+    void bnSelectPhoto_Click();
+    void bnDeletePhoto_Click();
     void ResizePhotoInProperties();
     void LoadPhotoFromDB(const dao::Recordset& rstWork);
     void SavePhotoToDB(dao::Recordset& rstWork);

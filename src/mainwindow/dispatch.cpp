@@ -53,16 +53,11 @@ bool changesView(int id) {
 // Commands whose action is still to come: they stay disabled, whatever the state of the window.
 // clang-format off
 const int kWithoutAction[] = {
-    cmd::ContactDelete,
-    cmd::ContactCopy,
     cmd::ToolsPreferences,
     cmd::HelpWebsite,
     cmd::HelpSupport,
     cmd::HelpFeedback,
     cmd::HelpAbout,
-    cmd::ListDelete,
-    cmd::ListCopy,
-    cmd::MainDelete,
     cmd::MainPreferences,
     cmd::TrayWebsite,
     cmd::TraySupport,
@@ -176,6 +171,17 @@ void Form1::CommandBars1_Execute(CommandBarAction* Control) {
             break;
         case cmd::MainProperties:
             PropertiesFromTab();
+            break;
+        case cmd::ContactDelete:
+        case cmd::ListDelete:
+            mnuEditDelete_Click();
+            break;
+        case cmd::MainDelete:
+            DeleteFromTab(true);
+            break;
+        case cmd::ContactCopy:
+        case cmd::ListCopy:
+            CloneContact();
             break;
 
         case cmd::ViewCategories:

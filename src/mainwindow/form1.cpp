@@ -1,5 +1,6 @@
 #include "mainwindow/form1.h"
 
+#include "card/photoload.h"
 #include "mainwindow/tray.h"
 #include "support/controls/subclass.h"
 
@@ -13,6 +14,7 @@
 #include "mainwindow/connection.h"
 #include "mainwindow/dockingpane.h"
 #include "mainwindow/statusbar.h"
+#include "mainwindow/tray.h"
 #include "phonebook/login.h"
 #include "phonebook/store/dao.h"
 #include "preferences/mru.h"
@@ -25,6 +27,7 @@
 #include "support/controls/imagelist.h"
 #include "support/controls/listview.h"
 #include "support/controls/photofit.h"
+#include "support/controls/subclass.h"
 #include "support/controls/treeview.h"
 #include "support/helpers/dates.h"
 
@@ -95,6 +98,7 @@ Form1::Form1(QWidget* parent) : QMainWindow(parent) {
             [this] { RunEvent("Form1.Timer1_Timer", [this] { Timer1_Timer(); }); });
 
     connectViewEvents();
+    connectDragEvents();
     gForm1 = this;
     mTV::SetMainWindow(this);
     RunEvent("Form1.Form_Load", [this] { Form_Load(); });
@@ -190,6 +194,7 @@ void Form1::Form_Resize() {
 }
 
 bool Form1::eventFilter(QObject* watched, QEvent* event) {
+    if (dragEventFilter(watched, event)) return true;
     // The photo follows the size of its pane; a failure here must not open a dialog mid-resize.
     if (watched == m_photoFrame && event->type() == QEvent::Resize && !isMinimized()) {
         try {
@@ -221,9 +226,7 @@ void Form1::SetNoImage() {
 // cannot be read, shows the no-photo picture.
 void Form1::LoadPhotoFromDB(const dao::Recordset& rstWork) {
     HUNT_PLACE("Form1.LoadPhotoFromDB");
-    const QByteArray photo = rstWork[QStringLiteral("Photo")].toByteArray();
-    if (photo.isEmpty() || !picImage.loadFromData(photo)) picImage = imNoImage;
-    ResizePhoto();
+    if (mCard::LoadStoredPhoto(rstWork, picImage, imNoImage) != mCard::StoredPhoto::NotRead) ResizePhoto();
 }
 
 // The photo fits its pane: a larger one is scaled down to the pane's width, then to its height,

@@ -8,6 +8,7 @@
 
 #include <QMainWindow>
 #include <QPixmap>
+#include <QPoint>
 #include <QString>
 
 class ColumnHeader;
@@ -155,6 +156,23 @@ class Form1 : public QMainWindow, public mTV::MainWindow {
     void mnuEditProperties_Click();
     void PropertiesFromTab();
     void ArrangeBy(int id);
+    // Delete of the Contacts menu and of the list's pop-up: the selected row, a node row as a node.
+    void mnuEditDelete_Click();
+    // The toolbar's Delete and the Delete key in the list: by the control that has the focus.
+    void DeleteFromTab(bool fromTab);
+    // Copies the selected contact; answers the copy's IDCD, 0 when nothing was copied.
+    qint32 CloneContact();
+    void DiskMigration(const QString& pKey, bool pRemove);
+
+    // Dragging between the tree and the contact list (Effect: 0 none, 2 move).
+    void CatTree_MouseDown(Qt::MouseButton Button, const QPoint& pos);
+    bool CatTree_OLEStartDrag(int& AllowedEffects);
+    void CatTree_OLEDragOver(int& Effect, const QPoint& pos, int State);
+    void CatTree_OLEDragDrop(int& Effect);
+    void CatTree_OLECompleteDrag();
+    void ListView2_MouseDown();
+    void ListView2_OLEStartDrag(int& AllowedEffects);
+    void ListView2_OLECompleteDrag(int Effect);
 
     // View commands.
     void SwitchToolTips();
@@ -184,6 +202,10 @@ class Form1 : public QMainWindow, public mTV::MainWindow {
     void showListPopup(const QPoint& pos);
     void tickViewEntries();
     void connectViewEvents();
+    void connectDragEvents();
+    // The mouse and drag events of the tree's and the list's viewports; true when handled.
+    bool dragEventFilter(QObject* watched, QEvent* event);
+    void startDrag(bool fromTree);
     void fillHooks();
     void clearHooks();
     void fillAccessHooks();
@@ -197,7 +219,9 @@ class Form1 : public QMainWindow, public mTV::MainWindow {
     void setViewControlsEnabled(bool enabled);
 
     QWidget* m_photoFrame = nullptr;
-    QByteArray m_pendingPanes; // a pane layout waiting for the window to show
+    QPoint m_pressPos;            // where the left button went down in the tree or the list
+    QObject* m_pressIn = nullptr; // the viewport it went down in, while it is held
+    QByteArray m_pendingPanes;    // a pane layout waiting for the window to show
     QString m_pendingToolbars;
     bool m_unloaded = false;
 };

@@ -20,8 +20,6 @@
 #include "phonebook/login.h"
 #include "preferences/mru.h"
 #include "preferences/preferences.h"
-#include "preferences/regsettings.h"
-#include "preferences/settings.h"
 #include "support/controls/commandbars.h"
 #include "support/controls/listview.h"
 #include "support/fixture.h"
@@ -54,9 +52,6 @@ class AccessFlow : public fixture::TempDirTest {
         gFileReadOnly = false;
         gRestricted = false;
         gPasswordAccepted = false;
-        // A start that is not the first of this version shows no tip of the day.
-        mRegSettings::SaveVersion();
-        SaveSetting(AppTitle(), u"PreferencesNew"_s, u"TipOfTheDayAtStart"_s, false);
     }
     void TearDown() override {
         delete gForm1;

@@ -21,6 +21,7 @@
 #include <QDir>
 #include <QFile>
 #include <QPushButton>
+#include <QSettings>
 #include <QTest>
 
 using fixture::TempDirTest;
@@ -80,6 +81,7 @@ class Start : public TempDirTest {
 };
 
 TEST_F(Start, TheFirstStartMakesTheDefaultPhonebook) {
+    QSettings().clear(); // nothing stored: the program never ran
     QDir(DefaultFolder()).removeRecursively();
     runMain();
     EXPECT_TRUE(gMainFormShown);

@@ -330,11 +330,11 @@ TEST_F(Commands, ListCommandsFollowTheSelectionAndTheTreeFocus) {
     EXPECT_EQ(states(), "00000");
     form->CatTree->setFocus();
     form->MenuUpdate();
-    // Properties of the toolbar works on the tree; Copy and both Deletes have no action yet.
-    EXPECT_EQ(states(), "00001");
+    // Delete and Properties of the toolbar work on the tree; the list's commands need a row.
+    EXPECT_EQ(states(), "00011");
     list.SetSelectedItem(list.ListItems.Item(QStringLiteral("ID2")));
     form->MenuUpdate();
-    EXPECT_EQ(states(), "00101");
+    EXPECT_EQ(states(), "11111");
     list.ListItems.Clear();
     form->ListView2->setFocus();
     form->MenuUpdate();

@@ -47,10 +47,7 @@ class Keys : public fixture::TempDirTest {
         mMain::Closing();
         SaveSetting(AppTitle(), u"PreferencesNew"_s, u"CategoryNormalMode"_s, true);
         mMain::SetCommandLine(m_book);
-        {
-            fixture::ModalRecorder tip([](QDialog*) { return 0; }); // the tip of a first start
-            mMain::Main();
-        }
+        mMain::Main();
         ASSERT_FALSE(gNotConnected);
         ASSERT_TRUE(QTest::qWaitForWindowExposed(gForm1));
         gForm1->activateWindow();
@@ -178,7 +175,8 @@ TEST_F(Keys, CommandKeysDoTheirUsualWorkAndNeverClash) {
     QTest::keyClick(editor, Qt::Key_Escape);
     EXPECT_FALSE(tree().IsEditingLabel());
 
-    // Del in the tree asks before deleting the node; in the contact list it leaves the tree alone.
+    // Del in the tree asks before deleting the node; in the contact list it asks before deleting
+    // the contact, and leaves the tree alone.
     {
         fixture::MsgBoxRecorder boxes(vb::vbNo);
         tree().setFocus();
@@ -188,7 +186,8 @@ TEST_F(Keys, CommandKeysDoTheirUsualWorkAndNeverClash) {
         clickRow(ann);
         ASSERT_EQ(QApplication::focusWidget(), &list());
         QTest::keyClick(&list(), Qt::Key_Delete);
-        EXPECT_EQ(boxes.boxes.size(), 1);
+        ASSERT_EQ(boxes.boxes.size(), 2);
+        EXPECT_EQ(boxes.texts().last(), mLanguageGobals::msgReallyDeleteSelectedContact);
     }
     EXPECT_NE(tree().Nodes(u"ID4"_s), nullptr);
 

@@ -12,7 +12,13 @@ using namespace mRegSettings;
 
 namespace {
 
-class SettingsStore : public fixture::TempDirTest {};
+class SettingsStore : public fixture::TempDirTest {
+  protected:
+    void SetUp() override {
+        TempDirTest::SetUp();
+        QSettings().clear(); // an empty store
+    }
+};
 
 qint32 ErrorOf(const std::function<void()>& f) {
     try {

@@ -26,6 +26,7 @@ class StartPreferences : public fixture::TempDirTest {
   protected:
     void SetUp() override {
         TempDirTest::SetUp();
+        QSettings().clear(); // the program never ran
         // Every variable away from its default, so that a test sees which ones the load has set.
         TipOfTheDayAtStart = DuplicateWarning = DeleteDiskWarning = SaveWindowLocation = SaveWindowSize =
             ContactCardWithTabs = ShowToolTip = ShowLargeIcons = PaneCategories = PaneDisks =

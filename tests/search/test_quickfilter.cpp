@@ -118,7 +118,6 @@ class QuickFilterField : public SearchBook {
         mMain::Closing();
         SaveSetting(AppTitle(), u"PreferencesNew"_s, u"CategoryNormalMode"_s, false);
         mMain::SetCommandLine(m_book);
-        fixture::ModalRecorder tip([](QDialog*) { return 0; }); // the tip of a first start
         mMain::Main();
         ASSERT_NE(gForm1, nullptr);
         ASSERT_TRUE(QTest::qWaitForWindowExposed(gForm1));

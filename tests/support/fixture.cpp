@@ -1,6 +1,9 @@
 #include "support/fixture.h"
 
+#include "core/globals.h"
 #include "core/language.h"
+#include "preferences/regsettings.h"
+#include "preferences/settings.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -68,6 +71,10 @@ ModalRecorder::~ModalRecorder() {
 void TempDirTest::SetUp() {
     ASSERT_TRUE(m_dir.isValid());
     QSettings().clear();
+    // The store of a program that ran before with this version and the tip of the day turned off:
+    // a start shows no window that a test did not ask for.
+    mRegSettings::SaveVersion();
+    SaveSetting(AppTitle(), QStringLiteral("PreferencesNew"), QStringLiteral("TipOfTheDayAtStart"), false);
 }
 
 void TempDirTest::TearDown() {

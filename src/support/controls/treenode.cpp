@@ -8,6 +8,7 @@
 #include <QFont>
 #include <QPalette>
 #include <algorithm>
+#include <vector>
 
 TreeNode::TreeNode(TreeView* tree, const QString& key) : m_tree(tree), m_key(key) {
     setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsEditable);
@@ -43,6 +44,29 @@ void TreeNode::SetSelectedImage(const QString& key) {
 
 TreeNode* TreeNode::Parent() const {
     return static_cast<TreeNode*>(parent());
+}
+
+void TreeNode::SetParent(TreeNode* parent) {
+    if (!parent || parent == Parent() || parent->Tree() != m_tree) return;
+    for (const QTreeWidgetItem* up = parent; up; up = up->parent())
+        if (up == this) return;
+    std::vector<TreeNode*> expanded;
+    std::function<void(TreeNode*)> collect = [&](TreeNode* node) {
+        if (node->isExpanded()) expanded.push_back(node);
+        for (int i = 0; i < node->childCount(); ++i)
+            collect(static_cast<TreeNode*>(node->child(i)));
+    };
+    collect(this);
+    if (QTreeWidgetItem* from = QTreeWidgetItem::parent())
+        from->takeChild(from->indexOfChild(this));
+    else if (m_tree)
+        m_tree->takeTopLevelItem(m_tree->indexOfTopLevelItem(this));
+    if (parent->Sorted() && m_tree)
+        m_tree->insertSorted(parent, this);
+    else
+        parent->addChild(this);
+    for (TreeNode* node : expanded)
+        node->setExpanded(true);
 }
 
 static QTreeWidgetItem* siblingAt(const QTreeWidgetItem* item, int offset) {

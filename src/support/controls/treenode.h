@@ -34,6 +34,11 @@ class TreeNode : public QTreeWidgetItem {
     TreeNode* FirstSibling() const;
     TreeNode* LastSibling() const;
     TreeNode* Root() const; // the top-level node above this one (itself at the top)
+    // Moves the node with its subtree under `parent` (of the same tree), as its last child or at
+    // its place when `parent` is Sorted. Nodes of the subtree that were expanded stay so; the
+    // selection of the tree is left to the caller. Nothing happens for a null parent, the present
+    // one, or one inside the node's own subtree.
+    void SetParent(TreeNode* parent);
     int Children() const { return childCount(); }
 
     bool Expanded() const { return isExpanded(); }
