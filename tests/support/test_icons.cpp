@@ -132,6 +132,15 @@ TEST_F(Icons, WithoutAnIconThemeEveryPictureIsOneOfOurDrawingsAndNotEmpty) {
         EXPECT_GT(paintedPixels(small), 16 * 16 / 4) << what;
         EXPECT_GT(paintedPixels(large), 64 * 64 / 4) << what;
         EXPECT_FALSE(drawing(large).isEmpty()) << what;
+        // A selected row shows the drawing untinted; a disabled command shows it greyed.
+        EXPECT_EQ(
+            icon.pixmap(QSize(16, 16), 1.0, QIcon::Selected).toImage().convertToFormat(QImage::Format_ARGB32),
+            small)
+            << what;
+        EXPECT_NE(
+            icon.pixmap(QSize(16, 16), 1.0, QIcon::Disabled).toImage().convertToFormat(QImage::Format_ARGB32),
+            small)
+            << what;
     };
 
     const QList<int> ids = commandsWithIcons();

@@ -23,6 +23,14 @@ QString picture(const char* file) {
     return QStringLiteral(":/icons/%1.svg").arg(QLatin1String(file));
 }
 
+// One of our drawings. A selected row or a highlighted menu entry shows it as it is, not tinted
+// with the highlight colour, so that it looks the same on every desktop.
+QIcon drawing(const char* file) {
+    QIcon icon(picture(file));
+    icon.addFile(picture(file), QSize(), QIcon::Selected);
+    return icon;
+}
+
 // Each command's picture: the name of the desktop's standard icon where there is one (taken from
 // the user's icon theme), and our own drawing, used alone or where the theme lacks the name.
 struct CommandPicture {
@@ -120,7 +128,7 @@ const std::pair<const char*, const char*> kImages[] = {
 QIcon CommandIcon(int id) {
     for (const CommandPicture& c : kCommands)
         if (c.id == id) {
-            const QIcon ours(picture(c.file));
+            const QIcon ours = drawing(c.file);
             return c.themeName ? QIcon::fromTheme(QLatin1String(c.themeName), ours) : ours;
         }
     return QIcon();
@@ -136,7 +144,7 @@ QStringList ImageKeys() {
 
 QIcon Image(const QString& key) {
     for (const auto& image : kImages)
-        if (key == QLatin1String(image.first)) return QIcon(picture(image.second));
+        if (key == QLatin1String(image.first)) return drawing(image.second);
     return QIcon();
 }
 
@@ -146,7 +154,7 @@ void RegisterImages(ImageList& list) {
 }
 
 QIcon AppIcon() {
-    return QIcon(picture("kelvarin"));
+    return drawing("kelvarin");
 }
 
 QPixmap NoPhotoPicture(const QSize& size) {
