@@ -153,8 +153,17 @@ void RegisterImages(ImageList& list) {
         list.Add(key, Image(key));
 }
 
+// The window and the desktop pick the size they need from the usual icon sizes, each one drawn
+// at that size.
 QIcon AppIcon() {
-    return drawing("kelvarin");
+    const QIcon drawn = drawing("kelvarin");
+    QIcon icon;
+    for (int side : {16, 22, 24, 32, 48, 64, 128, 256}) {
+        const QPixmap pm = drawn.pixmap(QSize(side, side), 1.0);
+        icon.addPixmap(pm, QIcon::Normal);
+        icon.addPixmap(pm, QIcon::Selected);
+    }
+    return icon;
 }
 
 QPixmap NoPhotoPicture(const QSize& size) {
