@@ -1,7 +1,8 @@
 #pragma once
-// The program's pictures, drawn in code so they are sharp at every size: the icon of each command
-// by its id, the images of tree nodes and list rows by key, the application icon and the picture
-// shown for a contact without a photo.
+// The program's pictures, SVG drawings so they are sharp at every size and scale: the icon of each
+// command by its id (the desktop's icon theme first for the standard actions), the images of tree
+// nodes and list rows by key, the application icon and the picture shown for a contact without a
+// photo.
 
 #include <QIcon>
 #include <QPixmap>
