@@ -18,6 +18,7 @@
 #include "search/searchpopup.h"
 #include "search/searchrows.h"
 #include "support/controls/listview.h"
+#include "support/controls/subclass.h"
 #include "trees/mainview.h"
 
 #include <QApplication>
@@ -251,6 +252,7 @@ void Form8::Form_Load() {
             ->setChecked(
                 mRegSettings::SettingNumber(mRegSettings::ReadSetting(kOptions, QLatin1String(o.key))) == 1);
     RestorePlace();
+    SubClasser::StartSubClass(this, SubClassMy::SearchWindow);
     mRegSettings::ApplyPreferenceFont(this);
 
     bnStop->setEnabled(false);
@@ -280,6 +282,7 @@ void Form8::BeforeUnload() {
         SaveSetting(AppTitle(), kOptions, QLatin1String(o.key), (this->*o.box)->isChecked() ? 1 : 0);
     mLV::SaveColumnSize(*ListView1, mLV::lcSearch);
     SaveMRUFileList();
+    SubClasser::StopSubClass(this);
 }
 
 void Form8::reject() {
