@@ -621,8 +621,6 @@ void CardForm::saveLayoutChoice() {
 
 void CardForm::BeforeUnload() {
     PutCommentHome();
-    if (WindowAnimation1 && !isMaximized() && !isMinimized())
-        if (const auto& hook = mCard::Hooks().CloseAnimation) hook(this);
 }
 
 // ---- Saving

@@ -8,6 +8,7 @@
 #include "preferences/regsettings.h"
 #include "support/controls/listitem.h"
 #include "support/controls/listview.h"
+#include "support/themes/listcolor.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -18,6 +19,7 @@ using namespace mLanguageGobals;
 Form4::Form4(QWidget* parent) : FormDialog(QStringLiteral("Form4"), parent) {
     ListView1 = new ListView(this);
     ListView1->setObjectName(QStringLiteral("ListView1"));
+    mListViewColor::SetListColors(*ListView1);
     bnOK = MakeButton("bnOK");
     bnOK->setDefault(true);
     auto* buttons = new QHBoxLayout;

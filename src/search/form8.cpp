@@ -19,6 +19,7 @@
 #include "search/searchrows.h"
 #include "support/controls/listview.h"
 #include "support/controls/subclass.h"
+#include "support/themes/listcolor.h"
 #include "trees/mainview.h"
 
 #include <QApplication>
@@ -155,6 +156,7 @@ void Form8::buildControls() {
     ListView1 = new ListView(this);
     ListView1->setObjectName(QStringLiteral("ListView1"));
     ListView1->SetMultiSelect(true);
+    mListViewColor::SetListColors(*ListView1);
     ListView1->header()->setContextMenuPolicy(Qt::CustomContextMenu);
 
     StatusBar1 = new QStatusBar(this);
