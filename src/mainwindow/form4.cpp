@@ -28,7 +28,7 @@ Form4::Form4(QWidget* parent) : FormDialog(QStringLiteral("Form4"), parent) {
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(ListView1);
     layout->addLayout(buttons);
-    resize(300, 460);
+    resize(260, 490);
     connect(bnOK, &QPushButton::clicked, this, [this] { accept(); });
     Form_Load();
 }
@@ -39,8 +39,9 @@ void Form4::Form_Load() {
     bnOK->setText(msgOK);
     mRegSettings::ApplyPreferenceFont(this);
     RestorePlace();
-    ListView1->ColumnHeaders.Add(QStringLiteral("Letter"), msgLetter, 1200);
-    ListView1->ColumnHeaders.Add(QStringLiteral("Contacts"), msgContacts, 1500);
+    // Widths in pixels: both columns stand side by side in the window's default width.
+    ListView1->ColumnHeaders.Add(QStringLiteral("Letter"), msgLetter, 100);
+    ListView1->ColumnHeaders.Add(QStringLiteral("Contacts"), msgContacts, 110, lvwColumnRight);
 
     for (char16_t c = u'A'; c <= u'Z'; ++c) {
         const QString letter(QChar{c});
