@@ -3,7 +3,6 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QPropertyAnimation>
-#include <QScreen>
 #include <QWidget>
 
 #ifdef KELVARIN_HAVE_XCB

@@ -38,7 +38,7 @@ const QString kColorScheme = QStringLiteral("color-scheme");
 // The portal's value: 1 prefers dark, 2 prefers light, 0 (or anything else) no preference.
 std::optional<ColorScheme> SchemeOfPortalValue(QVariant v) {
     // Read answers a variant inside a variant.
-    while (v.canConvert<QDBusVariant>() && v.userType() == qMetaTypeId<QDBusVariant>())
+    while (v.userType() == qMetaTypeId<QDBusVariant>())
         v = v.value<QDBusVariant>().variant();
     bool ok = false;
     const uint value = v.toUInt(&ok);
