@@ -634,8 +634,6 @@ void CardForm::saveLayoutChoice() {
 
 void CardForm::BeforeUnload() {
     PutCommentHome();
-    if (WindowAnimation1 && !isMaximized() && !isMinimized())
-        if (const auto& hook = mCard::Hooks().CloseAnimation) hook(this);
 }
 
 // ---- Saving

@@ -1,13 +1,11 @@
 #pragma once
 // What the contact card asks of the rest of the program beyond the phonebook, the main window's
 // list, tree and detail pane, and the node chooser: bringing the trees and the list in step after
-// an edit, and the closing fade. The program fills these at start; an empty hook does
-// nothing, so the card also runs without them.
+// an edit. The program fills these at start; an empty hook does nothing, so the card also runs
+// without them.
 
 #include <QString>
 #include <functional>
-
-class QWidget;
 
 namespace mCard {
 
@@ -22,8 +20,6 @@ struct CardHooks {
                        const QString& NewDiskCat, const QString& OldDiskBor, const QString& NewDiskBor,
                        const QString& OldDiskBox, const QString& NewDiskBox, qint32 pIDCD)>
         UpdateGlobalInfo;
-    // The fade of a dialog that closes, when the preference asks for it.
-    std::function<void(QWidget* form)> CloseAnimation;
 };
 
 // The one set of hooks of the process.

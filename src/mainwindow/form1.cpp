@@ -30,6 +30,9 @@
 #include "support/controls/subclass.h"
 #include "support/controls/treeview.h"
 #include "support/helpers/dates.h"
+#include "support/themes/desktopscheme.h"
+#include "support/themes/listcolor.h"
+#include "support/themes/themes.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -74,6 +77,7 @@ Form1::Form1(QWidget* parent) : QMainWindow(parent) {
     CatTree->setObjectName(QStringLiteral("CatTree"));
     ListView2 = new ListView(this);
     ListView2->setObjectName(QStringLiteral("ListView2"));
+    mListViewColor::SetListColors(*ListView2);
     ListView1 = new ListView(this);
     ListView1->setObjectName(QStringLiteral("ListView1"));
     m_photoFrame = new QWidget(this);
@@ -209,6 +213,11 @@ void Form1::Timer1_Timer() {
     HUNT_PLACE("Form1.Timer1_Timer");
     StatusBar1->SetPanelText(1, msgTodayColon + mDateTime::FormatDate(QDate::currentDate()));
     EditCaption();
+    // The default window theme follows the desktop's light or dark preference.
+    if (AppTheme == 0) {
+        mThemes::FollowDesktopScheme();
+        CurrentWindowsTheme = mThemes::DesktopColorScheme() == mThemes::ColorScheme::Dark ? 1 : 0;
+    }
 }
 
 void Form1::EditCaption() {

@@ -37,7 +37,7 @@ class QuickFilter;
 // View state of the main window that other parts of the program read.
 extern bool MainFormVisible;       // shown, not hidden to the tray
 extern qint16 LastWindowState;     // last state other than minimised: 0 normal, 2 maximised
-extern qint16 CurrentWindowsTheme; // the desktop theme seen last
+extern qint16 CurrentWindowsTheme; // the desktop seen last: 1 when it prefers dark windows, else 0
 
 class Form1 : public QMainWindow, public mTV::MainWindow {
     Q_OBJECT

@@ -8,6 +8,7 @@
 #include "preferences/regsettings.h"
 #include "support/controls/listitem.h"
 #include "support/controls/listview.h"
+#include "support/themes/listcolor.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -18,6 +19,7 @@ using namespace mLanguageGobals;
 Form4::Form4(QWidget* parent) : FormDialog(QStringLiteral("Form4"), parent) {
     ListView1 = new ListView(this);
     ListView1->setObjectName(QStringLiteral("ListView1"));
+    mListViewColor::SetListColors(*ListView1);
     bnOK = MakeButton("bnOK");
     bnOK->setDefault(true);
     auto* buttons = new QHBoxLayout;
@@ -26,7 +28,7 @@ Form4::Form4(QWidget* parent) : FormDialog(QStringLiteral("Form4"), parent) {
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(ListView1);
     layout->addLayout(buttons);
-    resize(300, 460);
+    resize(260, 490);
     connect(bnOK, &QPushButton::clicked, this, [this] { accept(); });
     Form_Load();
 }
@@ -37,8 +39,9 @@ void Form4::Form_Load() {
     bnOK->setText(msgOK);
     mRegSettings::ApplyPreferenceFont(this);
     RestorePlace();
-    ListView1->ColumnHeaders.Add(QStringLiteral("Letter"), msgLetter, 1200);
-    ListView1->ColumnHeaders.Add(QStringLiteral("Contacts"), msgContacts, 1500);
+    // Widths in pixels: both columns stand side by side in the window's default width.
+    ListView1->ColumnHeaders.Add(QStringLiteral("Letter"), msgLetter, 100);
+    ListView1->ColumnHeaders.Add(QStringLiteral("Contacts"), msgContacts, 110, lvwColumnRight);
 
     for (char16_t c = u'A'; c <= u'Z'; ++c) {
         const QString letter(QChar{c});

@@ -1,6 +1,7 @@
 #include "core/error.h"
 #include "preferences/preferences.h"
 #include "preferences/regsettings.h"
+#include "support/themes/themes.h"
 
 #include <QAbstractItemView>
 #include <QFont>
@@ -40,7 +41,9 @@ void ApplyPreferences(bool pFromStart, int oldToolbarTheme, int oldAppTheme, con
         if (auto* items = qobject_cast<QAbstractItemView*>(view)) items->setIconSize(icons);
     }
     if (pIconSettings) pIconSettings(LvTvLargeIcons);
-    // The window and toolbar themes are not switched here yet.
+    // A theme is put on at start, and afterwards only when its choice has changed.
+    if (pFromStart || ToolbarTheme != oldToolbarTheme) mThemes::ApplyToolbarTheme(ToolbarTheme);
+    if (pFromStart || AppTheme != oldAppTheme) mThemes::ApplyAppTheme(AppTheme);
 }
 
 } // namespace mRegSettings

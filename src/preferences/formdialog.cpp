@@ -1,7 +1,9 @@
 #include "preferences/formdialog.h"
 
 #include "core/errorreport.h"
+#include "preferences/preferences.h"
 #include "preferences/regsettings.h"
+#include "support/themes/closefade.h"
 
 #include <QPushButton>
 
@@ -24,6 +26,8 @@ void FormDialog::Form_Unload() {
 
 void FormDialog::done(int result) {
     RunEvent(m_unloadPlace.constData(), [this] { Form_Unload(); });
+    // The fade runs on by itself; the dialog closes now.
+    mFade::CloseAnimation(this, WindowAnimation1, AnimationSpeed);
     QDialog::done(result);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 // A modal window of the program: it takes its remembered place when it loads and stores it once
-// when it ends, however it ends, with the unload running as an event procedure.
+// when it ends, however it ends, with the unload running as an event procedure. As it closes it
+// fades out when the preference asks for it (WindowAnimation1, over AnimationSpeed ms).
 
 #include <QByteArray>
 #include <QDialog>

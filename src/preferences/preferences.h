@@ -35,8 +35,8 @@ extern bool PaneDiskImage;    // photo pane visible
 extern bool ShowStatusbar;
 extern bool FlatToolbar;
 extern bool MinimizeToTray;
-extern bool WindowAnimation1;   // animated opening of dialogs
-extern int AnimationSpeed;      // duration of that animation
+extern bool WindowAnimation1;   // dialogs fade out as they close
+extern int AnimationSpeed;      // length of that fade in milliseconds
 extern bool CategoryNormalMode; // normal, not advanced, mode of the category tree
 extern int FileDoubleClick;     // what a double-click on a contact does
 

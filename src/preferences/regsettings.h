@@ -37,7 +37,8 @@ QString ProgramVersion();
 
 // Puts the list and tree preferences into `pViews`: the chosen font, when there is one, and the
 // icon size. `pIconSettings`, when given, is told whether large icons are wanted, so that the
-// main window can switch its image lists.
+// main window can switch its image lists. Then the window theme (AppTheme) and the toolbar theme
+// (ToolbarTheme): at start, and later each only when it differs from the old one given.
 void ApplyPreferences(bool pFromStart, int oldToolbarTheme, int oldAppTheme,
                       const QList<QWidget*>& pViews = {},
                       const std::function<void(bool large)>& pIconSettings = {});

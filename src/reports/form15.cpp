@@ -13,6 +13,7 @@
 #include "reports/reportquery.h"
 #include "support/controls/listview.h"
 #include "support/helpers/keys.h"
+#include "support/themes/listcolor.h"
 #include "trees/mainview.h"
 
 #include <QApplication>
@@ -88,6 +89,7 @@ void Form15::buildControls() {
     pbList = new QWidget(this);
     pbList->setObjectName(QStringLiteral("pbList"));
     lvReport = new ListView(pbList);
+    mListViewColor::SetListColors(*lvReport);
     lvReport->setObjectName(QStringLiteral("lvReport"));
     lvReport->SetMultiSelect(true);
     auto* listLayout = new QVBoxLayout(pbList);

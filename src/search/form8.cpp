@@ -18,6 +18,8 @@
 #include "search/searchpopup.h"
 #include "search/searchrows.h"
 #include "support/controls/listview.h"
+#include "support/controls/subclass.h"
+#include "support/themes/listcolor.h"
 #include "trees/mainview.h"
 
 #include <QApplication>
@@ -154,6 +156,7 @@ void Form8::buildControls() {
     ListView1 = new ListView(this);
     ListView1->setObjectName(QStringLiteral("ListView1"));
     ListView1->SetMultiSelect(true);
+    mListViewColor::SetListColors(*ListView1);
     ListView1->header()->setContextMenuPolicy(Qt::CustomContextMenu);
 
     StatusBar1 = new QStatusBar(this);
@@ -251,6 +254,7 @@ void Form8::Form_Load() {
             ->setChecked(
                 mRegSettings::SettingNumber(mRegSettings::ReadSetting(kOptions, QLatin1String(o.key))) == 1);
     RestorePlace();
+    SubClasser::StartSubClass(this, SubClassMy::SearchWindow);
     mRegSettings::ApplyPreferenceFont(this);
 
     bnStop->setEnabled(false);
@@ -280,6 +284,7 @@ void Form8::BeforeUnload() {
         SaveSetting(AppTitle(), kOptions, QLatin1String(o.key), (this->*o.box)->isChecked() ? 1 : 0);
     mLV::SaveColumnSize(*ListView1, mLV::lcSearch);
     SaveMRUFileList();
+    SubClasser::StopSubClass(this);
 }
 
 void Form8::reject() {

@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
+#include <QScreen>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -266,4 +267,15 @@ TEST_F(SearchWindow, ASearchForOneContactKeepsItsTextAmongTheLastFifteen) {
     EXPECT_EQ(rowsOf(101), 0);
     EXPECT_EQ(rowsOf(100), 1);
     EXPECT_EQ(rowsOf(john), 1);
+}
+
+TEST_F(SearchWindow, RefusesASizeBelowTheMinimumAndLetsItGoWhenItCloses) {
+    form->resize(500, 300);
+    EXPECT_EQ(form->size(), QSize(780, 540));
+    form->resize(790, 400);
+    EXPECT_EQ(form->size(), QSize(790, 540));
+    form->show();
+    EXPECT_EQ(form->maximumSize(), form->screen()->size().expandedTo(QSize(780, 540)));
+    form->reject();
+    EXPECT_EQ(form->minimumSize(), QSize(0, 0));
 }

@@ -7,7 +7,8 @@
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Pictures for the documentation are taken on the display given (see test_screenshots.cpp).
+    if (!qEnvironmentVariableIsSet("KELVARIN_SCREENSHOTS")) qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
     QApplication app(argc, argv);
     fixture::SetUpProcess();

@@ -6,6 +6,7 @@
 #include "support/controls/imagelist.h"
 #include "support/controls/listitem.h"
 #include "support/controls/listview.h"
+#include "support/themes/themes.h"
 
 #include <QBrush>
 #include <QFont>
@@ -75,7 +76,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
         return QVariant();
     case Qt::ForegroundRole: {
         const QColor c = item->CellForeColor(column);
-        return c.isValid() ? QVariant(QBrush(c)) : QVariant();
+        return c.isValid() ? QVariant(QBrush(mThemes::ReadableForeColor(c, m_view->palette()))) : QVariant();
     }
     case Qt::BackgroundRole: {
         const QColor c = m_view->CellColor() ? m_view->CellColor()(item, column) : QColor();

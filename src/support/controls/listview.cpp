@@ -20,11 +20,79 @@ namespace {
 // The header of the list. A column's sort arrow stands at the right end of its section and the
 // caption has the rest: a caption too long for it is shortened with "...", never painted under
 // the arrow.
+//
+// A hidden column (width 0) sits on the edge between the visible columns around it. Its side of
+// that edge, the grip's width into the next visible column, belongs to it: there the pointer
+// stays the arrow, and neither a drag nor a double-click opens or resizes anything. The column
+// before keeps its own side of the edge, so it can still be sized there.
 class ListHeader : public QHeaderView {
   public:
     explicit ListHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
 
+    // The logical index of the hidden column whose side of an edge is under x (viewport), -1
+    // when there is none. Hidden columns before the first visible one have no edge to drag.
+    int HiddenColumnAt(int x) const {
+        const int grip = style()->pixelMetric(QStyle::PM_HeaderGripMargin, nullptr, this);
+        const bool rtl = isRightToLeft();
+        auto onLeadingEdge = [&](int from, int size) {
+            return rtl ? x > from + size - grip && x <= from + size : x >= from && x < from + grip;
+        };
+        bool seenVisible = false;
+        int hidden = -1;
+        int lastEnd = 0;
+        for (int v = 0; v < count(); ++v) {
+            const int l = logicalIndex(v);
+            if (isSectionHidden(l) || sectionSize(l) == 0) {
+                if (seenVisible) hidden = l;
+                continue;
+            }
+            const int from = sectionViewportPosition(l);
+            if (hidden >= 0 && onLeadingEdge(from, sectionSize(l))) return hidden;
+            hidden = -1;
+            seenVisible = true;
+            lastEnd = rtl ? from : from + sectionSize(l);
+        }
+        // Hidden columns after the last visible one: their edge is where that column ends.
+        if (hidden >= 0 && (rtl ? x > lastEnd - grip && x <= lastEnd : x >= lastEnd && x < lastEnd + grip))
+            return hidden;
+        return -1;
+    }
+
   protected:
+    void mousePressEvent(QMouseEvent* e) override {
+        m_refused = HiddenColumnAt(e->position().toPoint().x()) >= 0;
+        if (m_refused) {
+            e->accept();
+            return;
+        }
+        QHeaderView::mousePressEvent(e);
+    }
+    void mouseDoubleClickEvent(QMouseEvent* e) override {
+        m_refused = HiddenColumnAt(e->position().toPoint().x()) >= 0;
+        if (m_refused) {
+            e->accept();
+            return;
+        }
+        QHeaderView::mouseDoubleClickEvent(e);
+    }
+    void mouseMoveEvent(QMouseEvent* e) override {
+        if (m_refused && e->buttons() != Qt::NoButton) return;
+        m_refused = false;
+        if (e->buttons() == Qt::NoButton && HiddenColumnAt(e->position().toPoint().x()) >= 0) {
+            if (testAttribute(Qt::WA_SetCursor)) unsetCursor();
+            return;
+        }
+        QHeaderView::mouseMoveEvent(e);
+    }
+    void mouseReleaseEvent(QMouseEvent* e) override {
+        if (m_refused) {
+            m_refused = e->buttons() != Qt::NoButton;
+            e->accept();
+            return;
+        }
+        QHeaderView::mouseReleaseEvent(e);
+    }
+
     void paintSection(QPainter* painter, const QRect& rect, int logical) const override {
         QStyleOptionHeaderV2 opt;
         initStyleOption(&opt);
@@ -51,6 +119,9 @@ class ListHeader : public QHeaderView {
         opt.text = opt.fontMetrics.elidedText(opt.text, Qt::ElideRight, std::max(opt.rect.width(), 0));
         if (opt.rect.width() > 0) style()->drawControl(QStyle::CE_HeaderLabel, &opt, painter, this);
     }
+
+  private:
+    bool m_refused = false; // a press on a hidden column's edge: its moves and release go nowhere
 };
 
 } // namespace
