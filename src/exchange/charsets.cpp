@@ -48,6 +48,11 @@ bool IsValidUtf8(const QByteArray& bytes, bool allowCutEnd) {
     return true;
 }
 
+QString FromUtf8(const QByteArray& bytes) {
+    QStringDecoder decoder(QStringConverter::Utf8, QStringConverter::Flag::ConvertInitialBom);
+    return decoder.decode(bytes);
+}
+
 QString FromWindows1252(const QByteArray& bytes) {
     // 0x80 to 0x9F; 0 marks the five codes the code page leaves undefined, read as Latin-1.
     static const char16_t high[32] = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
@@ -67,21 +72,21 @@ QString DecodeText(const QByteArray& bytes, const QString& charset, bool* known)
     if (known) *known = true;
     const QString name = charset.trimmed().toLower();
     if (name.isEmpty() || name == QLatin1String("utf-8") || name == QLatin1String("utf8")) {
-        if (IsValidUtf8(bytes)) return QString::fromUtf8(bytes);
+        if (IsValidUtf8(bytes)) return FromUtf8(bytes);
         return FromWindows1252(bytes);
     }
     if (name == QLatin1String("windows-1252") || name == QLatin1String("cp1252") ||
         name == QLatin1String("iso-8859-1") || name == QLatin1String("latin1") ||
         name == QLatin1String("us-ascii") || name == QLatin1String("ascii"))
         return FromWindows1252(bytes); // labelled Latin-1 text is in practice 1252
-    QStringDecoder decoder(name.toLatin1().constData());
+    QStringDecoder decoder(name.toLatin1().constData(), QStringConverter::Flag::ConvertInitialBom);
     if (decoder.isValid()) {
         QString text = decoder.decode(bytes);
         if (!decoder.hasError()) return text;
     } else if (known) {
         *known = false;
     }
-    return IsValidUtf8(bytes) ? QString::fromUtf8(bytes) : FromWindows1252(bytes);
+    return IsValidUtf8(bytes) ? FromUtf8(bytes) : FromWindows1252(bytes);
 }
 
 } // namespace exchange

@@ -12,6 +12,10 @@ namespace exchange {
 // end of the bytes is accepted (for a buffer that ends in the middle of a file).
 bool IsValidUtf8(const QByteArray& bytes, bool allowCutEnd = false);
 
+// UTF-8 that keeps a U+FEFF at its start (a byte-order mark is taken away where a file begins,
+// not in the middle of a value).
+QString FromUtf8(const QByteArray& bytes);
+
 // Windows-1252: Latin-1 with printable characters in 0x80 to 0x9F.
 QString FromWindows1252(const QByteArray& bytes);
 

@@ -45,18 +45,18 @@ struct CsvReader::Impl {
             name = IsValidUtf8(head, true) ? QStringLiteral("utf-8") : QStringLiteral("windows-1252");
         }
         if (name == QLatin1String("utf-8") || name == QLatin1String("utf8")) {
-            decoder.emplace(QStringConverter::Utf8);
+            decoder.emplace(QStringConverter::Utf8, QStringConverter::Flag::ConvertInitialBom);
             encodingName = QStringLiteral("UTF-8");
         } else if (name == QLatin1String("utf-16le")) {
-            decoder.emplace(QStringConverter::Utf16LE);
+            decoder.emplace(QStringConverter::Utf16LE, QStringConverter::Flag::ConvertInitialBom);
             encodingName = QStringLiteral("UTF-16LE");
         } else if (name == QLatin1String("utf-16be")) {
-            decoder.emplace(QStringConverter::Utf16BE);
+            decoder.emplace(QStringConverter::Utf16BE, QStringConverter::Flag::ConvertInitialBom);
             encodingName = QStringLiteral("UTF-16BE");
         } else if (name == QLatin1String("windows-1252") || name == QLatin1String("cp1252")) {
             encodingName = QStringLiteral("Windows-1252");
         } else {
-            decoder.emplace(name.toLatin1().constData());
+            decoder.emplace(name.toLatin1().constData(), QStringConverter::Flag::ConvertInitialBom);
             if (!decoder->isValid()) {
                 decoder.reset();
                 encodingName = QStringLiteral("Windows-1252");

@@ -178,6 +178,17 @@ QString PictureExtension(const QByteArray& bytes, const QString& mediaType) {
     return sub;
 }
 
+bool IsMediaType(const QString& text) {
+    const qsizetype slash = text.indexOf(QLatin1Char('/'));
+    if (slash <= 0 || slash == text.size() - 1 || text.indexOf(QLatin1Char('/'), slash + 1) >= 0)
+        return false;
+    for (const QChar c : text)
+        if (!((c >= QLatin1Char('a') && c <= QLatin1Char('z')) ||
+              (c >= QLatin1Char('0') && c <= QLatin1Char('9')) || QStringLiteral("/!#$&^_.+-").contains(c)))
+            return false;
+    return true;
+}
+
 QString PictureMediaType(const QByteArray& bytes, const QString& extension) {
     QString ext = PictureExtension(bytes);
     if (ext.isEmpty()) ext = extension.toLower();
@@ -186,7 +197,21 @@ QString PictureMediaType(const QByteArray& bytes, const QString& extension) {
         return QStringLiteral("image/jpeg");
     if (ext == QLatin1String("tif")) return QStringLiteral("image/tiff");
     if (ext == QLatin1String("svg")) return QStringLiteral("image/svg+xml");
-    return QStringLiteral("image/") + ext;
+    const QString media = QStringLiteral("image/") + ext;
+    return IsMediaType(media) ? media : QString();
+}
+
+bool NumberOf(const VCardProperty& p, const QString* label, NumberRow* number) {
+    QString handle;
+    const VCardMapping* row = rowFor(p, &handle);
+    if (!row || row->target != VCardTarget::Number) return false;
+    QString value = handle.isEmpty() ? p.text().trimmed() : handle.trimmed();
+    if (p.name == QLatin1String("TEL") && value.startsWith(QLatin1String("tel:"), Qt::CaseInsensitive))
+        value = value.mid(4).trimmed(); // 4.0 writes numbers as tel: addresses
+    if (value.isEmpty()) return false;
+    number->type = label ? *label : QString::fromUtf8(row->typeName);
+    number->value = value;
+    return true;
 }
 
 ContactRecord RecordFromVCard(const VCardContact& card) {
@@ -196,9 +221,6 @@ ContactRecord RecordFromVCard(const VCardContact& card) {
     for (const VCardProperty& p : card.properties)
         if (p.name == QLatin1String("X-ABLABEL") && !p.group.isEmpty() && !isSystemLabel(p.text()))
             groupLabels.insert(p.group, p.text());
-    const auto hasLabel = [&](const VCardProperty& p) {
-        return !p.group.isEmpty() && groupLabels.contains(p.group);
-    };
 
     // The address: the preferred one, else the first.
     const VCardProperty* address = nullptr;
@@ -223,7 +245,8 @@ ContactRecord RecordFromVCard(const VCardContact& card) {
     for (const VCardProperty& p : card.properties) {
         QString handle;
         const VCardMapping* row = rowFor(p, &handle);
-        if (!row) {
+        if (!row ||
+            (p.isBinary() && row->target != VCardTarget::Photo && row->target != VCardTarget::Ignored)) {
             leftover(p, leftoverValue(p));
             continue;
         }
@@ -286,16 +309,15 @@ ContactRecord RecordFromVCard(const VCardContact& card) {
             }
             break;
         case VCardTarget::Number: {
-            QString value = handle.isEmpty() ? p.text().trimmed() : handle.trimmed();
-            if (p.name == QLatin1String("TEL") &&
-                value.startsWith(QLatin1String("tel:"), Qt::CaseInsensitive))
-                value = value.mid(4); // 4.0 writes numbers as tel: addresses
-            if (value.isEmpty()) break;
-            const QString type = hasLabel(p) ? groupLabels.value(p.group) : QString::fromUtf8(row->typeName);
+            NumberRow number;
+            const auto label = groupLabels.constFind(p.group);
+            if (!NumberOf(p, !p.group.isEmpty() && label != groupLabels.constEnd() ? &*label : nullptr,
+                          &number))
+                break;
             if (r.Numbers.size() < kNumberRows)
-                r.Numbers.append({type, value});
+                r.Numbers.append(number);
             else
-                leftovers.append(type + QStringLiteral(": ") + value);
+                leftovers.append(number.type + QStringLiteral(": ") + number.value);
             break;
         }
         case VCardTarget::Category:

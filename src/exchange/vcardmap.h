@@ -43,13 +43,21 @@ struct VCardMapping {
 // The table, in the order rows are tried.
 const QList<VCardMapping>& VCardMappingTable();
 
+// The number row a property makes, its type and its value; false when it makes none (another
+// kind of property, or an empty value). `label` is the custom label of the property's group, if
+// it has one: it names the type.
+bool NumberOf(const VCardProperty& property, const QString* label, NumberRow* row);
+
 // The contact a card describes.
 ContactRecord RecordFromVCard(const VCardContact& card);
 
 // Extension of a picture from its first bytes, else from its media type ("image/png" -> "png");
 // empty when neither tells.
 QString PictureExtension(const QByteArray& bytes, const QString& mediaType = QString());
-// Media type of a picture from its first bytes, else from its extension; empty when unknown.
+// Media type of a picture from its first bytes, else from its extension; empty when unknown or
+// when the extension would not make a clean media type.
 QString PictureMediaType(const QByteArray& bytes, const QString& extension = QString());
+// True when the text is a media type of plain characters ("image/svg+xml").
+bool IsMediaType(const QString& text);
 
 } // namespace exchange

@@ -3,6 +3,7 @@
 #include "core/error.h"
 #include "core/language.h"
 #include "exchange/charsets.h"
+#include "exchange/vcardmap.h"
 
 #include <QBuffer>
 #include <QIODevice>
@@ -215,7 +216,7 @@ QString mediaTypeOfTypeParameter(const VCardProperty& p) {
     candidates += p.parameter(QStringLiteral("TYPE"));
     for (QString t : candidates) {
         t = t.toLower();
-        if (t.contains(QLatin1Char('/'))) return t;
+        if (t.contains(QLatin1Char('/'))) return IsMediaType(t) ? t : QString();
         if (t == QLatin1String("jpeg") || t == QLatin1String("jpg")) return QStringLiteral("image/jpeg");
         if (t == QLatin1String("png") || t == QLatin1String("gif") || t == QLatin1String("bmp") ||
             t == QLatin1String("tiff") || t == QLatin1String("webp"))
@@ -294,7 +295,8 @@ struct VCardReader::Impl {
         const bool be = head.startsWith("\xFE\xFF");
         if (le || be) {
             device->read(2);
-            QStringDecoder decoder(le ? QStringConverter::Utf16LE : QStringConverter::Utf16BE);
+            QStringDecoder decoder(le ? QStringConverter::Utf16LE : QStringConverter::Utf16BE,
+                                   QStringConverter::Flag::ConvertInitialBom);
             const QString text = decoder.decode(device->readAll());
             converted = std::make_unique<QBuffer>();
             converted->setData(text.toUtf8());
@@ -431,17 +433,22 @@ bool VCardReader::Impl::parseProperty(const RawLine& raw, bool v21, VCardContact
             name = (v == "QUOTED-PRINTABLE" || v == "BASE64" || v == "B" || v == "8BIT" || v == "7BIT")
                        ? QStringLiteral("ENCODING")
                        : QStringLiteral("TYPE");
-            values.append(QString::fromUtf8(part));
+            values.append(FromUtf8(part));
         } else {
             name = QString::fromLatin1(upper(part.left(eq).trimmed()));
             for (const QByteArray& v : splitUnquoted(part.mid(eq + 1), ',')) {
-                QString value = unquote(QString::fromUtf8(v));
+                QString value = unquote(FromUtf8(v));
                 if (!v21) value = caretUnescape(value);
+                value.replace(QLatin1String("\r\n"), QLatin1String("\n"))
+                    .replace(QLatin1Char('\r'), QLatin1Char('\n'));
                 // TYPE="voice,cell" lists its values inside the quotes.
                 const QStringList items =
                     name == QLatin1String("TYPE") ? value.split(QLatin1Char(',')) : QStringList{value};
                 for (const QString& item : items)
-                    if (!item.trimmed().isEmpty()) values.append(item.trimmed());
+                    if (name != QLatin1String("TYPE"))
+                        values.append(item); // may be empty
+                    else if (!item.trimmed().isEmpty())
+                        values.append(item.trimmed());
             }
         }
         bool merged = false;
@@ -465,7 +472,12 @@ bool VCardReader::Impl::parseProperty(const RawLine& raw, bool v21, VCardContact
         card.properties.append(std::move(prop));
         return true;
     }
-    if (rawValue.size() > 5 && upper(rawValue.left(5)) == "DATA:") {
+    // A data: address where a picture, a sound or a key may stand, or any value said to be a URI.
+    const bool binaryKind =
+        prop.name == QLatin1String("PHOTO") || prop.name == QLatin1String("LOGO") ||
+        prop.name == QLatin1String("SOUND") || prop.name == QLatin1String("KEY") ||
+        prop.parameter(QStringLiteral("VALUE")).contains(QStringLiteral("uri"), Qt::CaseInsensitive);
+    if (binaryKind && rawValue.size() > 5 && upper(rawValue.left(5)) == "DATA:") {
         QByteArray uri = rawValue.mid(5);
         uri.replace("\\,", ",").replace("\\;", ";").replace("\\:", ":");
         const qsizetype comma = uri.indexOf(',');
@@ -488,7 +500,7 @@ bool VCardReader::Impl::parseProperty(const RawLine& raw, bool v21, VCardContact
             prop.data = payload;
         }
         prop.mediaType = QString::fromLatin1(meta.first().trimmed()).toLower();
-        if (prop.mediaType.isEmpty()) prop.mediaType = mediaTypeOfTypeParameter(prop);
+        if (!IsMediaType(prop.mediaType)) prop.mediaType = mediaTypeOfTypeParameter(prop);
         if (!prop.data.isEmpty()) card.properties.append(std::move(prop));
         return true;
     }

@@ -45,14 +45,16 @@ QByteArray structuredValue(const QStringList& components, VCardVersion version) 
 // A parameter value, quoted when it holds a separator.
 QByteArray parameterValue(const QString& value, VCardVersion version) {
     QString v = value;
-    v.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    v.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
     if (version == VCardVersion::V40) {
-        v.replace(QLatin1Char('^'), QLatin1String("^^")).replace(QLatin1Char('"'), QLatin1String("^'"));
+        v.replace(QLatin1Char('^'), QLatin1String("^^"))
+            .replace(QLatin1Char('"'), QLatin1String("^'"))
+            .replace(QLatin1Char('\n'), QLatin1String("^n"));
     } else {
-        v.remove(QLatin1Char('"'));
+        v.remove(QLatin1Char('"')).replace(QLatin1Char('\n'), QLatin1Char(' '));
     }
     if (v.contains(QLatin1Char(',')) || v.contains(QLatin1Char(';')) || v.contains(QLatin1Char(':')) ||
-        v.contains(QLatin1Char(' ')))
+        v != v.trimmed())
         return '"' + v.toUtf8() + '"';
     return v.toUtf8();
 }
@@ -74,8 +76,7 @@ QStringList nameComponents(const QString& fullName) {
 
 const VCardMapping* writerRow(const QString& typeName) {
     for (const VCardMapping& row : VCardMappingTable())
-        if (row.target == VCardTarget::Number && row.writeAs &&
-            typeName.compare(QString::fromUtf8(row.typeName), Qt::CaseInsensitive) == 0)
+        if (row.target == VCardTarget::Number && row.writeAs && typeName == QString::fromUtf8(row.typeName))
             return &row;
     return nullptr;
 }
@@ -87,6 +88,26 @@ const char* propertyByValue(const QString& value) {
         return "URL";
     if (v.contains(QLatin1Char('@')) && !v.contains(QLatin1Char(' '))) return "EMAIL";
     return "TEL";
+}
+
+// The value as written: a scheme before an IMPP handle, and "tel:" before a number that begins
+// with "tel:" itself, which the reader takes away again.
+QString writtenValue(const QByteArray& property, const QString& scheme, const QString& value) {
+    if (property == "IMPP") return scheme + value;
+    if (property == "TEL" && value.startsWith(QLatin1String("tel:"), Qt::CaseInsensitive))
+        return QStringLiteral("tel:") + value;
+    return value;
+}
+
+// True when the property would read back as exactly this number row.
+bool readsBackAs(const QByteArray& property, const char* types, const QString& written, const NumberRow& n) {
+    VCardProperty p;
+    p.name = QString::fromLatin1(property);
+    if (types && *types)
+        p.parameters.append({QStringLiteral("TYPE"), QString::fromLatin1(types).split(QLatin1Char(','))});
+    p.values = QStringList{written};
+    NumberRow back;
+    return NumberOf(p, nullptr, &back) && back == n;
 }
 
 class Card {
@@ -107,24 +128,23 @@ void writeNumbers(Card& card, const ContactRecord& c) {
     for (const NumberRow& n : c.Numbers) {
         if (n.value.trimmed().isEmpty()) continue;
         const VCardMapping* row = writerRow(n.type);
-        if (!row) {
-            const QByteArray group = "item" + QByteArray::number(++item) + '.';
-            card.add(group + propertyByValue(n.value), escaped(n.value, v, false));
-            card.add(group + "X-ABLabel", escaped(n.type, v, false));
-            continue;
+        if (row) {
+            const QByteArray property(row->property);
+            const QString written = writtenValue(property, QString::fromLatin1(row->condition), n.value);
+            if (readsBackAs(property, row->writeAs, written, n)) {
+                if (property == "EMAIL" && v == VCardVersion::V30)
+                    card.add("EMAIL;TYPE=INTERNET", escaped(written, v, false));
+                else
+                    card.add(property + typeParameter(row->writeAs, v), escaped(written, v, false));
+                continue;
+            }
         }
-        const QByteArray property(row->property);
-        const QString condition = QString::fromLatin1(row->condition);
-        if (property == "IMPP") {
-            QString value = n.value.trimmed();
-            if (!condition.isEmpty() && !value.startsWith(condition, Qt::CaseInsensitive))
-                value = condition + value;
-            card.add(property, escaped(value, v, false));
-        } else if (property == "EMAIL" && v == VCardVersion::V30) {
-            card.add("EMAIL;TYPE=INTERNET", escaped(n.value, v, false));
-        } else {
-            card.add(property + typeParameter(row->writeAs, v), escaped(n.value, v, false));
-        }
+        // A type of the user's own, or a value the type's own property would not give back: a
+        // grouped property with the type's name as its label.
+        const QByteArray group = "item" + QByteArray::number(++item) + '.';
+        const QByteArray property = propertyByValue(n.value);
+        card.add(group + property, escaped(writtenValue(property, QString(), n.value), v, false));
+        card.add(group + "X-ABLabel", escaped(n.type, v, false));
     }
 }
 
