@@ -52,7 +52,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         for (const VCardProblem& p : card.problems)
             (void)ProblemText(p);
         const ContactRecord contact = RecordFromVCard(card);
+        // Every input goes through 4.0; one in two through 3.0 as well, to keep the rate up.
+        const bool also30 = size > 0 && (data[size - 1] & 1);
         for (const VCardVersion version : {VCardVersion::V40, VCardVersion::V30}) {
+            if (version == VCardVersion::V30 && !also30) continue;
             const QByteArray written = FormatVCard(contact, version);
             const QList<VCardContact> again = ReadVCards(written);
             if (again.size() != 1 || !again.first().problems.isEmpty()) fail(contact, written, nullptr);

@@ -14,6 +14,14 @@ constexpr qsizetype kFoldAt = 75;
 // Text escaped for a value. 3.0 escapes ";" everywhere; 4.0 only where it would split a
 // component or an item (structured and list values).
 QByteArray escaped(const QString& text, VCardVersion version, bool structured) {
+    bool plain = true;
+    for (const QChar c : text)
+        if (c == QLatin1Char('\\') || c == QLatin1Char(',') || c == QLatin1Char(';') ||
+            c == QLatin1Char('\n') || c == QLatin1Char('\r')) {
+            plain = false;
+            break;
+        }
+    if (plain) return text.toUtf8();
     QString t = text;
     t.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
     QString out;
