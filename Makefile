@@ -43,12 +43,12 @@ test: build format-check
 bench: build
 	./$(BUILD)/kelvarin-bench
 
-# Fuzzing of the data library: clang's libFuzzer with AddressSanitizer and UndefinedBehaviorSanitizer,
-# in a build folder of its own. Each target runs FUZZ_RUNS inputs; any crash or sanitizer report fails.
+# Fuzzing of the data library and the exchange readers: clang's libFuzzer with AddressSanitizer
+# and UndefinedBehaviorSanitizer, in a build folder of its own. Each target runs FUZZ_RUNS inputs; any crash or sanitizer report fails.
 FUZZ_PACKAGES := clang libclang-rt-dev llvm cmake make pkg-config qt6-base-dev libsqlite3-dev
 FUZZ_BUILD    ?= build-fuzz
 FUZZ_RUNS     ?= 1000000
-FUZZ_TARGETS  := translator like helpers recordset gif
+FUZZ_TARGETS  := translator like helpers recordset gif vcard csv
 
 fuzz:
 	@missing=""; for p in $(FUZZ_PACKAGES); do dpkg -s $$p >/dev/null 2>&1 || missing="$$missing $$p"; done; \
