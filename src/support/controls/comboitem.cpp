@@ -17,11 +17,6 @@ void ComboItem::SetSelImage(const QString& key) {
     m_combo->itemChanged(this);
 }
 
-void ComboItem::SetIndentation(int levels) {
-    m_indentation = levels < 0 ? 0 : levels;
-    m_combo->itemChanged(this);
-}
-
 bool ComboItem::Selected() const {
     return m_combo->SelectedItem() == this;
 }

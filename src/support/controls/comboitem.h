@@ -17,11 +17,9 @@ class ComboItem {
     // this entry is chosen (the image when it is empty).
     const QString& Image() const { return m_image; }
     void SetImage(const QString& key);
-    const QString& SelImage() const { return m_selImage; }
     void SetSelImage(const QString& key);
     // Levels of indentation of the entry in the list, from 0.
     int Indentation() const { return m_indentation; }
-    void SetIndentation(int levels);
     const QString& Tag() const { return m_tag; }
     void SetTag(const QString& tag) { m_tag = tag; }
 

@@ -35,7 +35,6 @@ class CommandBarAction : public QAction {
     bool Enabled() const { return m_enabled && m_available; }
     void SetEnabled(bool enabled);
     // A command without an action stays disabled whatever SetEnabled says.
-    bool Available() const { return m_available; }
     void SetAvailable(bool available);
     bool Checked() const { return isChecked(); }
     void SetChecked(bool checked) { setChecked(checked); }
@@ -102,11 +101,8 @@ class CommandBars : public QObject {
     bool ExecuteId(int id);
 
     // Display options of all toolbars.
-    bool ShowToolTips() const { return m_showToolTips; }
     void SetShowToolTips(bool show);
-    bool LargeIcons() const { return m_largeIcons; }
     void SetLargeIcons(bool large);
-    bool Locked() const { return m_locked; }
     void SetLocked(bool locked);
     static int IconSize(bool large) { return large ? 24 : 16; }
 

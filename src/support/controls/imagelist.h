@@ -24,9 +24,9 @@ class ImageList {
     // The icon of `key`; the neutral placeholder for an unknown key, a null icon for "".
     QIcon Icon(const QString& key) const;
 
+  private:
     // The placeholder shown for keys that nobody registered.
     static QIcon NeutralIcon();
 
-  private:
     QHash<QString, QIcon> m_icons;
 };

@@ -35,11 +35,6 @@ void ListItem::SetIcon(const QString& key) {
     changed(0);
 }
 
-void ListItem::SetSmallIcon(const QString& key) {
-    m_smallIcon = key;
-    changed(0);
-}
-
 void ListItem::SetBold(bool bold) {
     m_bold = bold;
     changed(0);

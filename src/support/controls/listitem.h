@@ -52,7 +52,6 @@ class ListItem {
     const QString& Icon() const { return m_icon; }
     void SetIcon(const QString& key);
     const QString& SmallIcon() const { return m_smallIcon; }
-    void SetSmallIcon(const QString& key);
     bool Bold() const { return m_bold; }
     void SetBold(bool bold);
     QColor ForeColor() const { return m_hasColor ? QColor::fromRgba(m_color) : QColor(); }

@@ -76,7 +76,6 @@ class ListView : public QTreeView {
     // selection of the rows that are still there.
     void BeginUpdate();
     void EndUpdate();
-    bool Updating() const { return m_updates > 0; }
 
     // A free text the procedures keep on the control.
     const QString& Tag() const { return m_tag; }

@@ -18,10 +18,6 @@ TreeNode::~TreeNode() {
     if (m_tree) m_tree->nodeGone(this);
 }
 
-TreeView* TreeNode::Tree() const {
-    return m_tree;
-}
-
 QString TreeNode::Text() const {
     return text(0);
 }
@@ -47,7 +43,7 @@ TreeNode* TreeNode::Parent() const {
 }
 
 void TreeNode::SetParent(TreeNode* parent) {
-    if (!parent || parent == Parent() || parent->Tree() != m_tree) return;
+    if (!parent || parent == Parent() || parent->m_tree != m_tree) return;
     for (const QTreeWidgetItem* up = parent; up; up = up->parent())
         if (up == this) return;
     std::vector<TreeNode*> expanded;

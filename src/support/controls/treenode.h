@@ -22,7 +22,6 @@ class TreeNode : public QTreeWidgetItem {
     // selected; when it is empty the normal image shows.
     const QString& Image() const { return m_image; }
     void SetImage(const QString& key);
-    const QString& SelectedImage() const { return m_selectedImage; }
     void SetSelectedImage(const QString& key);
 
     // Walking the tree; each answers nullptr where there is no such node.
@@ -59,8 +58,6 @@ class TreeNode : public QTreeWidgetItem {
     void SetSorted(bool sorted);
     // Sorts the children once by `compare` (negative: a before b), as a caller-supplied order.
     void SortChildren(const std::function<int(const TreeNode* a, const TreeNode* b)>& compare);
-
-    TreeView* Tree() const;
 
     // Icon by the tree's image list and the node's selection; the rest as QTreeWidgetItem.
     QVariant data(int column, int role) const override;
