@@ -18,6 +18,7 @@
 #include "phonebook/store/daoimpl.h"
 #include "preferences/mru.h"
 #include "preferences/settings.h"
+#include "support/controls/columnheader.h"
 #include "support/controls/commandbars.h"
 #include "support/controls/imagecombo.h"
 #include "support/controls/listview.h"
@@ -26,7 +27,10 @@
 #include "trees/treeselect.h"
 #include "trees/viewstate.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
+#include <QMenu>
 #include <QLineEdit>
 #include <QTest>
 
@@ -434,4 +438,83 @@ TEST_F(View, APhonebookOpenedReadOnlyRestrictsTheCommandsThatWrite) {
     f.ListView2_ItemClick(favorite);
     EXPECT_FALSE(gRestricted);
     EXPECT_TRUE(action(cmd::ContactNoFavorite)->Enabled());
+}
+
+TEST_F(View, AValueOfTheDetailPaneOffersWhatSuitsIt) {
+    Form1& f = start();
+    mTV::SelectNode(*f.ListView1, id(ann));
+    ListView& pane = *f.ListView1;
+    auto cell = [&](const QString& value) {
+        for (int row = 0; row < pane.ListItems.Count(); ++row)
+            if (pane.ListItems(row + 1)->CellText(1) == value)
+                return pane.visualRect(pane.model()->index(row, 1)).center();
+        ADD_FAILURE() << value.toStdString() << " is not in the pane";
+        return QPoint();
+    };
+    auto offered = [&](QMenu* menu) {
+        QList<int> ids;
+        for (QAction* a : menu->actions())
+            if (auto* c = qobject_cast<CommandBarAction*>(a); c && c->isVisible()) ids << c->Id();
+        return ids;
+    };
+    QStringList handed;
+    const ShellHandler old = SetShellHandler([&](const QString& target) {
+        handed << target;
+        return true;
+    });
+    QMenu* menu = f.PopupDetails(cell(u"ann@zeta.example"_s), false);
+    EXPECT_EQ(menu->objectName(), u"PopupDetails"_s);
+    EXPECT_EQ(offered(menu), QList<int>({cmd::DetailsSendMail, cmd::DetailsCopy}));
+    EXPECT_TRUE(run(cmd::DetailsSendMail));
+    // A plain number can be called: the desktop gets its tel: address.
+    menu = f.PopupDetails(cell(u"555 0101"_s), false);
+    EXPECT_EQ(offered(menu), QList<int>({cmd::DetailsCall, cmd::DetailsCopy}));
+    EXPECT_TRUE(run(cmd::DetailsCall));
+    EXPECT_TRUE(run(cmd::DetailsCopy));
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"555 0101"_s);
+    SetShellHandler(old);
+    EXPECT_EQ(handed, QStringList({u"mailto:ann@zeta.example"_s, u"tel:5550101"_s}));
+    // A city is only copied; below the last row the pane's column picker opens instead.
+    menu = f.PopupDetails(cell(u"Oslo"_s), false);
+    EXPECT_EQ(offered(menu), QList<int>{cmd::DetailsCopy});
+    menu = f.PopupDetails(QPoint(5, pane.viewport()->height() - 2), false);
+    EXPECT_EQ(menu->objectName(), u"PopupHL1"_s);
+    EXPECT_EQ(offered(menu), QList<int>({cmd::DetailsColumnName, cmd::DetailsColumnSize,
+                                         cmd::DetailsColumnsCustomize}));
+}
+
+TEST_F(View, TheColumnPickerHidesAColumnAndShowsItAgainAtItsWidth) {
+    Form1& f = start();
+    ColumnHeader* company = list().ColumnHeaders.Item(3);
+    company->SetWidth(141);
+    QMenu* menu = f.PopupHL2(false);
+    CommandBarAction* entry = action(Form1::ContactColumnCommand(3));
+    EXPECT_EQ(entry->Caption(), company->Text());
+    EXPECT_TRUE(entry->Checked());
+    EXPECT_TRUE(menu->actions().contains(action(cmd::ContactColumnsCustomize)));
+    // Info 2 is the fifteenth column, Info 3 comes after "Customize columns".
+    EXPECT_EQ(Form1::ContactColumnCommand(15), 10214);
+    EXPECT_EQ(Form1::ContactColumnCommand(16), 10216);
+    EXPECT_EQ(Form1::ContactColumnIndex(10216), 16);
+    EXPECT_EQ(Form1::ContactColumnIndex(cmd::ContactColumnsCustomize), 0);
+
+    ASSERT_TRUE(run(Form1::ContactColumnCommand(3)));
+    EXPECT_EQ(company->Width(), 0);
+    EXPECT_FALSE(entry->Checked());
+    f.PopupHL2(false);
+    EXPECT_FALSE(entry->Checked());
+    ASSERT_TRUE(run(Form1::ContactColumnCommand(3)));
+    EXPECT_EQ(company->Width(), 141);
+    EXPECT_TRUE(company->Tag().isEmpty());
+    EXPECT_TRUE(entry->Checked());
+
+    // Customize opens the columns dialog of this list.
+    int shown = 0;
+    fixture::ModalRecorder dialogs([&shown](QDialog* d) {
+        shown += d->objectName() == u"Form21"_s;
+        return 0;
+    });
+    EXPECT_TRUE(run(cmd::ContactColumnsCustomize));
+    EXPECT_TRUE(run(cmd::DetailsColumnsCustomize));
+    EXPECT_EQ(shown, 2);
 }
