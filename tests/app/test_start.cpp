@@ -217,8 +217,8 @@ TEST_F(Start, WithoutAPhonebookTheDatabasePageOpensOneAndStaysWhenNothingWasChos
     answer = false;
     int shown = 0;
     fixture::ModalRecorder dialogs([&shown](QDialog* d) {
-        ++shown;
         auto* window = qobject_cast<Form7*>(d);
+        shown += window != nullptr;
         for (int i = 0; window && i < 2; ++i) {
             window->bnDatabasePath->click();
             EXPECT_EQ(window->result(), 0);

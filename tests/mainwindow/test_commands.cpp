@@ -363,7 +363,9 @@ TEST_F(Commands, EveryCommandAndEveryTreeAndRowKindHasAnIcon) {
         const bool captionOnly =
             within(cmd::RecentFirst, cmd::RecentLast) || id == cmd::ToolbarList || id == cmd::LetterAll ||
             within(cmd::LetterA, cmd::LetterUnknown) || within(cmd::ListSortFirst, cmd::ListSortLast) ||
-            id == cmd::ListSortByGroup || within(cmd::ListSortInfoFirst, cmd::ListSortInfoLast);
+            id == cmd::ListSortByGroup || within(cmd::ListSortInfoFirst, cmd::ListSortInfoLast) ||
+            within(cmd::DetailsColumnName, cmd::DetailsColumnsCustomize) ||
+            within(cmd::ContactColumnFirst, cmd::ContactColumnLast); // the column pickers
         EXPECT_EQ(a->icon().isNull(), captionOnly) << id;
     }
     for (const char* key : {"CAT", "CATS", "CATSEL", "CATSSEL", "BOX", "BOXS", "BOXSEL", "BOXSSEL", "STAR",

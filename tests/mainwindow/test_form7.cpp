@@ -9,12 +9,14 @@
 #include "core/language.h"
 #include "core/seams.h"
 #include "mainwindow/connection.h"
+#include "mainwindow/dockingpane.h"
 #include "mainwindow/form7.h"
 #include "mainwindow/statusbar.h"
 #include "phonebook/createdb.h"
 #include "phonebook/login.h"
 #include "preferences/mru.h"
 #include "support/controls/listview.h"
+#include "support/controls/treeview.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -87,7 +89,7 @@ TEST_F(Preferences, ThePagesShowThePreferencesInForce) {
     EXPECT_FALSE(dialog.chStatusbar->isChecked());
     EXPECT_TRUE(dialog.chBDSizeOnTitle->isChecked());
     EXPECT_TRUE(dialog.opAppTheme[5]->isChecked());
-    EXPECT_EQ(dialog.opAppTheme[5]->text(), msgOffice2007Blue);
+    EXPECT_EQ(dialog.opAppTheme[5]->text(), msgOffice2007Aqua);
     EXPECT_TRUE(dialog.opToolbarTheme[0]->isChecked());
     EXPECT_EQ(dialog.hscrAnimationSpeed->value(), 450);
     EXPECT_EQ(dialog.cmbFileDoubleClick->currentText(), msgShowProperties);
