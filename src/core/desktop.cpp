@@ -154,8 +154,8 @@ void OpenWebSite() {
 
 void MailSupport(const QString& version) {
     HUNT_PLACE("mCommon.MailSupport(version)", version);
-    SendMail(SupportMailAddress(), AppTitle() + QStringLiteral(" v") + shortVersion(version), QString(), QString(),
-             QString(), QString());
+    SendMail(SupportMailAddress(), AppTitle() + QStringLiteral(" v") + shortVersion(version), QString(),
+             QString(), QString(), QString());
 }
 
 void OpenFeedback(const QString& version) {

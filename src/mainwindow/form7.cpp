@@ -108,7 +108,8 @@ void Form7::buildControls() {
 
     connect(List1, &QListWidget::currentRowChanged, this,
             [this] { RunEvent("Form7.List1_Click", [this] { List1_Click(); }); });
-    connect(bnOK, &QPushButton::clicked, this, [this] { RunEvent("Form7.bnOK_Click", [this] { bnOK_Click(); }); });
+    connect(bnOK, &QPushButton::clicked, this,
+            [this] { RunEvent("Form7.bnOK_Click", [this] { bnOK_Click(); }); });
     connect(bnCancel, &QPushButton::clicked, this,
             [this] { RunEvent("Form7.bnCancel_Click", [this] { bnCancel_Click(); }); });
     connect(bnApply, &QPushButton::clicked, this,
@@ -256,8 +257,8 @@ QWidget* Form7::buildMiscPage() {
     m_labels[2] = new QLabel(frame);
     m_labels[2]->setBuddy(cmbFileDoubleClick);
     auto* f = new QVBoxLayout(frame);
-    for (QWidget* w :
-         {chDuplicateWarning, chDeleteDiskWarning, chContactCardWithTabs, chTipOfTheDayAtStart, chBDSizeOnTitle})
+    for (QWidget* w : {chDuplicateWarning, chDeleteDiskWarning, chContactCardWithTabs, chTipOfTheDayAtStart,
+                       chBDSizeOnTitle})
         f->addWidget(w);
     f->addSpacing(8);
     f->addWidget(m_labels[2]);
@@ -326,8 +327,10 @@ void Form7::setCaptions() {
     const QString* pages[] = {&msgInterfaceElements, &msgThemes, &msgWindowSettings, &msgMisc, &msgDatabase};
     for (const QString* p : pages)
         List1->addItem(*p);
-    const QString* frames[] = {&msgToolbars, &msgToolbarSettings, &msgPanes,   &msgListAndTreeOptions, &msgWindowTheme,
-                               &msgToolbarTheme, &msgWindowSettings, &msgMisc, &msgDatabase};
+    const QString* frames[] = {
+        &msgToolbars,    &msgToolbarSettings, &msgPanes,          &msgListAndTreeOptions,
+        &msgWindowTheme, &msgToolbarTheme,    &msgWindowSettings, &msgMisc,
+        &msgDatabase};
     for (int i = 0; i < 9; ++i)
         m_frames[i]->setTitle(*frames[i]);
     chToolbar1->setText(msgCategoriesFavorites);
@@ -372,9 +375,9 @@ void Form7::setCaptions() {
     bnOK->setText(msgOK);
     bnCancel->setText(msgCancel);
     bnApply->setText(msgApply);
-    lbNoPhonebook->setText(m_reason.isEmpty() ? msgDatabaseCannotBeFoundOrDoesNotExist
-                                              : msgDatabaseCannotBeFoundOrDoesNotExist + QStringLiteral("\n\n") +
-                                                    m_reason);
+    lbNoPhonebook->setText(m_reason.isEmpty()
+                               ? msgDatabaseCannotBeFoundOrDoesNotExist
+                               : msgDatabaseCannotBeFoundOrDoesNotExist + QStringLiteral("\n\n") + m_reason);
 }
 
 void Form7::Form_Load() {
@@ -406,7 +409,8 @@ void Form7::Ini() {
     chStatusbar->setChecked(ShowStatusbar);
     chLvTvLargeIcons->setChecked(LvTvLargeIcons);
     opAppTheme[AppTheme >= 0 && AppTheme < AppThemeCount ? AppTheme : 0]->setChecked(true);
-    opToolbarTheme[ToolbarTheme >= 0 && ToolbarTheme < ToolbarThemeCount ? ToolbarTheme : 0]->setChecked(true);
+    opToolbarTheme[ToolbarTheme >= 0 && ToolbarTheme < ToolbarThemeCount ? ToolbarTheme : 0]->setChecked(
+        true);
     chSaveWindowLocation->setChecked(SaveWindowLocation);
     chSaveWindowSize->setChecked(SaveWindowSize);
     chWindowAnimation1->setChecked(WindowAnimation1);
@@ -432,10 +436,11 @@ void Form7::showFont() {
     QStringList style;
     if (m_font.bold()) style << QStringLiteral("Bold");
     if (m_font.italic()) style << QStringLiteral("Italic");
-    lbFont->setText(QStringLiteral("%1 %2%3")
-                        .arg(m_font.family())
-                        .arg(m_font.pointSizeF())
-                        .arg(style.isEmpty() ? QString() : QStringLiteral(", ") + style.join(QStringLiteral(" "))));
+    lbFont->setText(
+        QStringLiteral("%1 %2%3")
+            .arg(m_font.family())
+            .arg(m_font.pointSizeF())
+            .arg(style.isEmpty() ? QString() : QStringLiteral(", ") + style.join(QStringLiteral(" "))));
 }
 
 // Without a phonebook, a dialog opened for lack of one offers its Database page only.

@@ -52,14 +52,16 @@ void showAtCursor(QMenu* menu, bool show) {
 int Form1::ContactColumnCommand(int Index) {
     if (Index < 1 || Index > kContactColumns) return 0;
     // "Customize columns" holds the place after the fifteenth column.
-    return Index <= cmd::ContactColumnsCustomize - cmd::ContactColumnFirst ? cmd::ContactColumnFirst + Index - 1
-                                                                          : cmd::ContactColumnFirst + Index;
+    return Index <= cmd::ContactColumnsCustomize - cmd::ContactColumnFirst
+               ? cmd::ContactColumnFirst + Index - 1
+               : cmd::ContactColumnFirst + Index;
 }
 
 int Form1::ContactColumnIndex(int id) {
     if (id < cmd::ContactColumnFirst || id > cmd::ContactColumnLast || id == cmd::ContactColumnsCustomize)
         return 0;
-    return id < cmd::ContactColumnsCustomize ? id - cmd::ContactColumnFirst + 1 : id - cmd::ContactColumnFirst;
+    return id < cmd::ContactColumnsCustomize ? id - cmd::ContactColumnFirst + 1
+                                             : id - cmd::ContactColumnFirst;
 }
 
 void Form1::buildQuickActionMenus() {
@@ -98,8 +100,9 @@ void Form1::buildQuickActionMenus() {
     ListView1->header()->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(ListView1->header(), &QHeaderView::customContextMenuRequested, this,
             [this] { RunEvent("Form1.PopupHL1", [this] { PopupHL1(); }); });
-    connect(ListView1, &ListView::ContextMenu, this,
-            [this](const QPoint& pos) { RunEvent("Form1.PopupDetails", [this, pos] { PopupDetails(pos); }); });
+    connect(ListView1, &ListView::ContextMenu, this, [this](const QPoint& pos) {
+        RunEvent("Form1.PopupDetails", [this, pos] { PopupDetails(pos); });
+    });
 }
 
 QMenu* Form1::PopupHL1(bool show) {
@@ -132,7 +135,8 @@ QMenu* Form1::PopupHL2(bool show) {
 
 void Form1::mnuHL1_Click(int Index) {
     HUNT_PLACE("Form1.mnuHL1_Click(Index)", Index);
-    flipColumn(ListView1->ColumnHeaders.Item(Index), CommandBars1->FindAction(cmd::DetailsColumnName + Index - 1));
+    flipColumn(ListView1->ColumnHeaders.Item(Index),
+               CommandBars1->FindAction(cmd::DetailsColumnName + Index - 1));
 }
 
 void Form1::mnuHL2_Click(int Index) {
@@ -164,7 +168,8 @@ QMenu* Form1::PopupDetails(const QPoint& pos, bool show) {
     const bool mail = !link.isEmpty() && link.contains(QLatin1Char('@'));
     CommandBars1->FindAction(cmd::DetailsSendMail)->SetVisible(mail);
     CommandBars1->FindAction(cmd::DetailsOpenWeb)->SetVisible(!link.isEmpty() && !mail);
-    CommandBars1->FindAction(cmd::DetailsCall)->SetVisible(link.isEmpty() && !mCommon::TelAddress(value).isEmpty());
+    CommandBars1->FindAction(cmd::DetailsCall)
+        ->SetVisible(link.isEmpty() && !mCommon::TelAddress(value).isEmpty());
     if (!link.isEmpty()) m_popupValue = link;
     QMenu* menu = CommandBars1->ContextMenu(QStringLiteral("PopupDetails"));
     if (show) menu->popup(ListView1->viewport()->mapToGlobal(pos));

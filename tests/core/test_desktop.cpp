@@ -53,7 +53,8 @@ TEST(SendMail, OnlyTheAmpersandBlanksAndLineBreaksAreEncoded) {
 
 TEST(SendMail, AnEmptyAddressStillOpensANewMessage) {
     EXPECT_EQ(mailto(QString(), QString(), QString()), u"mailto:"_s);
-    EXPECT_EQ(mailto(QString(), u"Hello there"_s, u"Body"_s), u"mailto:?Subject=Hello%20there&Body=Body%0D%0A"_s);
+    EXPECT_EQ(mailto(QString(), u"Hello there"_s, u"Body"_s),
+              u"mailto:?Subject=Hello%20there&Body=Body%0D%0A"_s);
     Handed handed;
     mCommon::SendMail(QString(), QString(), QString(), QString(), QString(), QString());
     EXPECT_EQ(handed.targets, QStringList{u"mailto:"_s});
@@ -87,7 +88,8 @@ TEST(Links, TheProductsAddressesComeFromOnePlace) {
     mCommon::OpenFeedback(u"3.5.2"_s);
     ASSERT_EQ(handed.targets.size(), 3);
     EXPECT_EQ(handed.targets[0], mCommon::ProductWebSite());
-    EXPECT_EQ(handed.targets[1], u"mailto:"_s + mCommon::SupportMailAddress() + u"?Subject=Kelvarin%20v3.5"_s);
+    EXPECT_EQ(handed.targets[1],
+              u"mailto:"_s + mCommon::SupportMailAddress() + u"?Subject=Kelvarin%20v3.5"_s);
     EXPECT_TRUE(handed.targets[2].startsWith(mCommon::ProductWebSite()));
     EXPECT_TRUE(handed.targets[2].contains(u"3.5.2"_s));
     EXPECT_TRUE(QUrl(handed.targets[2]).isValid());
@@ -113,7 +115,8 @@ TEST_F(Files, AFileOpensWithItsProgramOrSaysWhyNot) {
         mCommon::ExecuteFile(nullptr, file);
     }
     using namespace mLanguageGobals;
-    EXPECT_EQ(boxes.texts(), QStringList({msgTheSpecifiedFileWasNotFound, msgShellPathNotFound, msgShellNoAssociation}));
+    EXPECT_EQ(boxes.texts(),
+              QStringList({msgTheSpecifiedFileWasNotFound, msgShellPathNotFound, msgShellNoAssociation}));
     for (const auto& box : boxes.boxes)
         EXPECT_EQ(box.icon, vb::vbExclamation);
 }

@@ -77,8 +77,8 @@ TEST_F(Preferences, ThePagesShowThePreferencesInForce) {
     form->CommandBars1->ToolBars().at(1)->hide(); // the letters
     Form7 dialog(form.get());
     EXPECT_EQ(dialog.windowTitle(), msgPreferencesTitle);
-    EXPECT_EQ(offeredPages(dialog), QStringList({msgInterfaceElements, msgThemes, msgWindowSettings, msgMisc,
-                                                 msgDatabase}));
+    EXPECT_EQ(offeredPages(dialog),
+              QStringList({msgInterfaceElements, msgThemes, msgWindowSettings, msgMisc, msgDatabase}));
     EXPECT_EQ(dialog.Pages->currentIndex(), Form7::PageInterface);
     dialog.List1->setCurrentRow(Form7::PageMisc);
     EXPECT_EQ(dialog.Pages->currentWidget(), dialog.Pref[Form7::PageMisc]);
@@ -176,7 +176,7 @@ TEST_F(Preferences, TheChosenFontGoesToTheListsAndTheStore) {
     });
     dialog.bnLvTvFonts->click();
     EXPECT_EQ(offered.family(), form->ListView2->font().family()); // the chooser starts at the lists' font
-    EXPECT_TRUE(FontName.isEmpty()); // not before Apply
+    EXPECT_TRUE(FontName.isEmpty());                               // not before Apply
     dialog.bnApply->click();
     EXPECT_EQ(FontName, u"DejaVu Serif"_s);
     EXPECT_DOUBLE_EQ(FontSize, 13.5);
@@ -224,7 +224,8 @@ TEST_F(Preferences, WithoutAPhonebookOnlyTheDatabasePageIsOfferedAndOpenLeavesAC
     open();
     gDBPath = path(u"gone.kvdb"_s);
     mCommon::NotConnected(true);
-    Form7 dialog(form.get(), true, u"The phonebook “gone.kvdb” could not be opened because the file does not exist."_s);
+    Form7 dialog(form.get(), true,
+                 u"The phonebook “gone.kvdb” could not be opened because the file does not exist."_s);
     EXPECT_EQ(offeredPages(dialog), QStringList{msgDatabase});
     EXPECT_EQ(dialog.Pages->currentIndex(), Form7::PageDatabase);
     const QString message = dialog.lbNoPhonebook->text();

@@ -2,6 +2,7 @@
 // and letter in force, their order, the fields of the selected contact, and the list and counts
 // following a new contact and a contact leaving its favorites.
 #include "app/mmain.h"
+#include "app/nophonebook.h"
 #include "app/previnstance.h"
 #include "card/cardentries.h"
 #include "card/cardform.h"
@@ -13,6 +14,7 @@
 #include "mainwindow/connection.h"
 #include "mainwindow/dockingpane.h"
 #include "mainwindow/form1.h"
+#include "mainwindow/form7.h"
 #include "phonebook/catpath.h"
 #include "phonebook/createdb.h"
 #include "phonebook/store/daoimpl.h"
@@ -30,8 +32,10 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
-#include <QMenu>
 #include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QPainter>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -479,8 +483,8 @@ TEST_F(View, AValueOfTheDetailPaneOffersWhatSuitsIt) {
     EXPECT_EQ(offered(menu), QList<int>{cmd::DetailsCopy});
     menu = f.PopupDetails(QPoint(5, pane.viewport()->height() - 2), false);
     EXPECT_EQ(menu->objectName(), u"PopupHL1"_s);
-    EXPECT_EQ(offered(menu), QList<int>({cmd::DetailsColumnName, cmd::DetailsColumnSize,
-                                         cmd::DetailsColumnsCustomize}));
+    EXPECT_EQ(offered(menu),
+              QList<int>({cmd::DetailsColumnName, cmd::DetailsColumnSize, cmd::DetailsColumnsCustomize}));
 }
 
 TEST_F(View, TheColumnPickerHidesAColumnAndShowsItAgainAtItsWidth) {
@@ -517,4 +521,57 @@ TEST_F(View, TheColumnPickerHidesAColumnAndShowsItAgainAtItsWidth) {
     EXPECT_TRUE(run(cmd::ContactColumnsCustomize));
     EXPECT_TRUE(run(cmd::DetailsColumnsCustomize));
     EXPECT_EQ(shown, 2);
+}
+
+// Pictures for the documentation: run under Xvfb with KELVARIN_SHOTS=<folder> and
+// --gtest_also_run_disabled_tests; with QT_SCALE_FACTOR=2 only the main window, at double size.
+TEST_F(View, DISABLED_Screenshots) {
+    const QString folder = qEnvironmentVariable("KELVARIN_SHOTS");
+    ASSERT_FALSE(folder.isEmpty());
+    Form1& f = start();
+    f.resize(1180, 760);
+    clickRow(id(ann));
+    QTest::qWait(200);
+    if (qEnvironmentVariable("QT_SCALE_FACTOR") == u"2"_s) {
+        EXPECT_TRUE(f.grab().save(folder + u"/mainwindow-200-percent.png"_s));
+        return;
+    }
+    // The pop-up of a mail value, drawn where it opens over the window.
+    ListView& pane = *f.ListView1;
+    QPoint at;
+    for (int row = 0; row < pane.ListItems.Count(); ++row)
+        if (pane.ListItems(row + 1)->CellText(1) == u"ann@zeta.example"_s)
+            at = pane.visualRect(pane.model()->index(row, 1)).topLeft() + QPoint(60, 8);
+    QMenu* menu = f.PopupDetails(at, true);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(menu));
+    QTest::qWait(100);
+    QPixmap shot = f.grab();
+    {
+        QPainter painter(&shot);
+        painter.drawPixmap(f.mapFromGlobal(menu->pos()), menu->grab());
+    }
+    EXPECT_TRUE(shot.save(folder + u"/mainwindow-link-popup.png"_s));
+    menu->hide();
+
+    const char* pages[] = {"interface", "themes", "window", "misc", "database"};
+    {
+        Form7 dialog(&f);
+        dialog.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+        for (int i = 0; i < 5; ++i) {
+            dialog.List1->setCurrentRow(i);
+            QTest::qWait(50);
+            EXPECT_TRUE(dialog.grab().save(folder + u"/form7-%1.png"_s.arg(QLatin1String(pages[i]))));
+        }
+    }
+    // A start that found no phonebook.
+    const QString gone = path(u"Kelvarin/phonebook.kvdb"_s);
+    mCommon::Disconnect();
+    mCommon::NotConnected(true);
+    gDBPath = gone;
+    Form7 missing(&f, true, mMain::WhyNotOpened(gone, {}));
+    missing.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&missing));
+    QTest::qWait(50);
+    EXPECT_TRUE(missing.grab().save(folder + u"/start-missing-phonebook.png"_s));
 }
