@@ -14,6 +14,7 @@
 #include "legacy/jetfile.h"
 #include "mainwindow/connection.h"
 #include "mainwindow/form1.h"
+#include "mainwindow/form7.h"
 #include "mainwindow/form9.h"
 #include "mainwindow/jetopen.h"
 #include "mainwindow/statusbar.h"
@@ -52,7 +53,7 @@ bool gStarted = false;
 QString gHandedOver;
 bool gRetryPlanned = false;
 // The window of a start without a phonebook, while it shows.
-QPointer<FormNoPhonebook> gNoPhonebookWindow;
+QPointer<Form7> gNoPhonebookWindow;
 
 // The build runs on the platform it was made for; on any other it says so and stops.
 bool PlatformSupported() {
@@ -124,22 +125,15 @@ void paintNow(Form1& form, const QString& status) {
     form.repaint();
 }
 
-// No phonebook could be opened: the window says which and why, and offers Open and New until a
-// phonebook is open or the user closes it.
-void offerPhonebook(Form1& form, QStringList reported) {
-    while (gNotConnected && gHandedOver.isEmpty()) {
-        FormNoPhonebook window(mMain::WhyNotOpened(gDBPath, reported), &form);
-        reported.clear();
-        gNoPhonebookWindow = &window;
-        const int choice = ShowModal(&window, &form);
-        gNoPhonebookWindow = nullptr;
-        if (choice == FormNoPhonebook::ChoiceOpen)
-            RunEvent("Form1.mnuFileOpen_Click", [&form] { form.mnuFileOpen_Click(); });
-        else if (choice == FormNoPhonebook::ChoiceNew)
-            RunEvent("Form1.mnuFileNew_Click", [&form] { form.mnuFileNew_Click(); });
-        else
-            break;
-    }
+// No phonebook could be opened: the preferences open on their Database page, which says which
+// file and why, and offers Open and New; they close once a phonebook is open, or when the user
+// closes them.
+void offerPhonebook(Form1& form, const QStringList& reported) {
+    if (!gNotConnected || !gHandedOver.isEmpty()) return;
+    Form7 window(&form, true, mMain::WhyNotOpened(gDBPath, reported));
+    gNoPhonebookWindow = &window;
+    ShowModal(&window, &form);
+    gNoPhonebookWindow = nullptr;
 }
 
 // A phonebook handed over by a second start opens as File > Open would, once the start is over
@@ -164,7 +158,7 @@ void handOver(const QString& phonebook) {
     if (!phonebook.isEmpty()) {
         gHandedOver = phonebook;
         // The window of a start without a phonebook gives way to the phonebook handed over.
-        if (gNoPhonebookWindow) gNoPhonebookWindow->done(FormNoPhonebook::ChoiceClose);
+        if (gNoPhonebookWindow) gNoPhonebookWindow->reject();
     }
     if (gStarted && gForm1) mMain::MainFormShow(); // during the start the window comes up anyway
     deliverHandedOver();
@@ -337,7 +331,7 @@ void Main() {
         busy.reset();
         form->Timer1_Timer(); // the status bar shows the date again
         RunEvent("mTips.StartupTip", [form] { mTips::StartupTip(false, form); });
-        // Without a phonebook, the window that says why and offers Open and New.
+        // Without a phonebook, the preferences' Database page says why and offers Open and New.
         if (!connected)
             offerPhonebook(*form, reported);
         else

@@ -101,6 +101,11 @@ enum : int {
     DetailsColumnType = 10103,
     DetailsColumnModified = 10104,
     DetailsColumnsCustomize = 10105,
+    // Pop-up of a value of the detail pane
+    DetailsSendMail = 10106,
+    DetailsOpenWeb = 10107,
+    DetailsCall = 10108,
+    DetailsCopy = 10109,
     ContactColumnFirst = 10200,
     ContactColumnsCustomize = 10215,
     ContactColumnLast = 10225,

@@ -5,6 +5,7 @@
 #include <QDesktopServices>
 #include <QDialog>
 #include <QFileInfo>
+#include <QFontDialog>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QUrl>
@@ -113,14 +114,42 @@ ModalHandler SetModalHandler(ModalHandler handler) {
 
 bool ShellOpen(const QString& target) {
     if (shellHandler()) return shellHandler()(target);
-    const QUrl url = target.contains(QLatin1String("://")) || target.startsWith(QLatin1String("mailto:"))
-                         ? QUrl(target)
-                         : QUrl::fromLocalFile(QFileInfo(target).absoluteFilePath());
+    // An address with its scheme as it stands, a web address without one ("www.example.org") as
+    // a web page, anything else as a file or folder.
+    QUrl url;
+    if (target.contains(QLatin1String("://")) || target.startsWith(QLatin1String("mailto:")) ||
+        target.startsWith(QLatin1String("tel:")))
+        url = QUrl(target);
+    else if (target.startsWith(QLatin1String("www."), Qt::CaseInsensitive))
+        url = QUrl::fromUserInput(target);
+    else
+        url = QUrl::fromLocalFile(QFileInfo(target).absoluteFilePath());
     return QDesktopServices::openUrl(url);
 }
 
 ShellHandler SetShellHandler(ShellHandler handler) {
     ShellHandler old = std::move(shellHandler());
     shellHandler() = std::move(handler);
+    return old;
+}
+
+namespace {
+FontHandler& fontHandler() {
+    static FontHandler h;
+    return h;
+}
+} // namespace
+
+bool ChooseFont(QFont& font, QWidget* owner) {
+    if (fontHandler()) return fontHandler()(font, owner);
+    bool ok = false;
+    const QFont chosen = QFontDialog::getFont(&ok, font, owner);
+    if (ok) font = chosen;
+    return ok;
+}
+
+FontHandler SetFontHandler(FontHandler handler) {
+    FontHandler old = std::move(fontHandler());
+    fontHandler() = std::move(handler);
     return old;
 }

@@ -38,3 +38,9 @@ ModalHandler SetModalHandler(ModalHandler handler);
 bool ShellOpen(const QString& target);
 using ShellHandler = std::function<bool(const QString& target)>;
 ShellHandler SetShellHandler(ShellHandler handler);
+
+// The font chooser: `font` is the font to start from and, when the answer is true, the one chosen.
+class QFont;
+bool ChooseFont(QFont& font, QWidget* owner);
+using FontHandler = std::function<bool(QFont& font, QWidget* owner)>;
+FontHandler SetFontHandler(FontHandler handler);

@@ -39,8 +39,8 @@ bool OpenLink(const QString& value) {
     }
     if (value.contains(QLatin1String("http"), Qt::CaseInsensitive) ||
         value.contains(QLatin1String("www."), Qt::CaseInsensitive)) {
-        // The desktop opens an address only with its scheme; "www.example.org" is a web page.
-        ShellOpen(value.contains(QLatin1String("://")) ? value : QStringLiteral("http://") + value);
+        // Handed on as it stands: the shell takes "www.example.org" for a web page.
+        ShellOpen(value);
         return true;
     }
     return false;

@@ -50,21 +50,6 @@ bool changesView(int id) {
            id == cmd::ViewRefresh || id == cmd::ListRefresh;
 }
 
-// Commands whose action is still to come: they stay disabled, whatever the state of the window.
-// clang-format off
-const int kWithoutAction[] = {
-    cmd::ToolsPreferences,
-    cmd::HelpWebsite,
-    cmd::HelpSupport,
-    cmd::HelpFeedback,
-    cmd::HelpAbout,
-    cmd::MainPreferences,
-    cmd::TrayWebsite,
-    cmd::TraySupport,
-    cmd::TrayFeedback,
-};
-// clang-format on
-
 // The report button of the main toolbar repeats the source chosen last from its drop-down:
 // the entry makes the button's tag "DiskList" or "FileList" and its tip, and stores the choice.
 void chooseReportSource(CommandBars& bars, bool diskList) {
@@ -83,210 +68,243 @@ void chooseReportSource(CommandBars& bars, bool diskList) {
 
 } // namespace
 
-bool Form1::HasAction(int id) {
-    return std::find(std::begin(kWithoutAction), std::end(kWithoutAction), id) == std::end(kWithoutAction);
-}
-
-void Form1::MarkCommandsWithoutAction() {
-    for (CommandBarAction* action : CommandBars1->Actions())
-        action->SetAvailable(HasAction(action->Id()));
-}
-
 void Form1::CommandBars1_Execute(CommandBarAction* Control) {
     if (!Control) return;
-    RunEvent("Form1.CommandBars1_Execute(Control)", [this, Control] {
-        const int id = Control->Id();
-        // A command that changes the view takes the list back from the quick filter first.
-        if (QuickFilterHolds() && changesView(id)) ClearQuickFilter(true);
-        switch (id) {
-        case cmd::FileNew:
-            mnuFileNew_Click();
-            break;
-        case cmd::FileOpen:
-            mnuFileOpen_Click();
-            break;
-        case cmd::FileExit:
-            mnuFileExit_Click();
-            break;
-        case cmd::RecentClear:
-            mnuFileClear_Click();
-            break;
-        case cmd::FileInfo:
-            mnuFileInfo_Click();
-            break;
-        case cmd::FileClearDB:
-            mnuFileClearDB_Click();
-            break;
-        case cmd::FileCompactDB:
-            mnuFileCompactDB_Click();
-            break;
-        case cmd::AccessFull:
-        case cmd::AccessReadOnly:
-            SwithAccessMode(id == cmd::AccessFull);
-            break;
-        case cmd::AccessOptions:
-            OpenAccessOptions();
-            break;
+    RunEvent("Form1.CommandBars1_Execute(Control)", [this, Control] { Dispatch(*Control); });
+}
 
-        case cmd::CategoryQuickAdd:
-            mTV::CatTreeAdd(mTV::TreeForm{*CatTree, true}, mToolBar::WhatCATIsChecked());
-            break;
-        case cmd::CategoryAdd:
-            mTV::mnuCategoryAdd(View());
-            break;
-        case cmd::CategoryRename:
-            mTV::CatTreeRename(mTV::TreeForm{*CatTree, true});
-            break;
-        case cmd::CategoryDelete:
-            mTV::CatTreeDelete(*CatTree, false, false);
-            MenuUpdate();
-            break;
-        case cmd::CategorySortByName:
-            mTV::SortTreeByName(*CatTree);
-            break;
-        case cmd::CategorySortByContacts:
-            mTV::SortTreeByQuantity(*CatTree);
-            break;
-        case cmd::CategoryModeNormal:
-        case cmd::CategoryModeAdvanced:
-            mLV::SwitchCategoryMode(View(), id == cmd::CategoryModeNormal);
-            MenuUpdate();
-            break;
-        case cmd::CategoryProperties:
-            mTV::mnuCategoryProperties(View());
-            break;
+bool Form1::Dispatch(CommandBarAction& Control) {
+    bool routed = true;
+    const int id = Control.Id();
+    // A command that changes the view takes the list back from the quick filter first.
+    if (QuickFilterHolds() && changesView(id)) ClearQuickFilter(true);
+    switch (id) {
+    case cmd::FileNew:
+        mnuFileNew_Click();
+        break;
+    case cmd::FileOpen:
+        mnuFileOpen_Click();
+        break;
+    case cmd::FileExit:
+        mnuFileExit_Click();
+        break;
+    case cmd::RecentClear:
+        mnuFileClear_Click();
+        break;
+    case cmd::FileInfo:
+        mnuFileInfo_Click();
+        break;
+    case cmd::FileClearDB:
+        mnuFileClearDB_Click();
+        break;
+    case cmd::FileCompactDB:
+        mnuFileCompactDB_Click();
+        break;
+    case cmd::AccessFull:
+    case cmd::AccessReadOnly:
+        SwithAccessMode(id == cmd::AccessFull);
+        break;
+    case cmd::AccessOptions:
+        OpenAccessOptions();
+        break;
 
-        case cmd::ContactAdd:
-        case cmd::ListAdd:
-        case cmd::MainAdd:
-            mnuEditAdd_Click();
-            break;
-        case cmd::ContactNoFavorite:
-        case cmd::ListNoFavorite:
-            mnuEditNoBorrow_Click();
-            break;
-        case cmd::ContactProperties:
-        case cmd::ListProperties:
-            mnuEditProperties_Click();
-            break;
-        case cmd::MainProperties:
-            PropertiesFromTab();
-            break;
-        case cmd::ContactDelete:
-        case cmd::ListDelete:
-            mnuEditDelete_Click();
-            break;
-        case cmd::MainDelete:
-            DeleteFromTab(true);
-            break;
-        case cmd::ContactCopy:
-        case cmd::ListCopy:
-            CloneContact();
-            break;
+    case cmd::CategoryQuickAdd:
+        mTV::CatTreeAdd(mTV::TreeForm{*CatTree, true}, mToolBar::WhatCATIsChecked());
+        break;
+    case cmd::CategoryAdd:
+        mTV::mnuCategoryAdd(View());
+        break;
+    case cmd::CategoryRename:
+        mTV::CatTreeRename(mTV::TreeForm{*CatTree, true});
+        break;
+    case cmd::CategoryDelete:
+        mTV::CatTreeDelete(*CatTree, false, false);
+        MenuUpdate();
+        break;
+    case cmd::CategorySortByName:
+        mTV::SortTreeByName(*CatTree);
+        break;
+    case cmd::CategorySortByContacts:
+        mTV::SortTreeByQuantity(*CatTree);
+        break;
+    case cmd::CategoryModeNormal:
+    case cmd::CategoryModeAdvanced:
+        mLV::SwitchCategoryMode(View(), id == cmd::CategoryModeNormal);
+        MenuUpdate();
+        break;
+    case cmd::CategoryProperties:
+        mTV::mnuCategoryProperties(View());
+        break;
 
-        case cmd::ViewCategories:
-            ViewMainSwich(QStringLiteral("Categories"));
-            break;
-        case cmd::ViewFavorites:
-            ViewMainSwich(QStringLiteral("Borrows"));
-            break;
-        case cmd::ViewGroups:
-            ViewMainSwich(QStringLiteral("Boxes"));
-            break;
-        case cmd::ViewRefresh:
-        case cmd::ListRefresh:
-            mnuViewMainRefresh_Click();
-            break;
-        case cmd::ViewToolTips:
-            SwitchToolTips();
-            break;
+    case cmd::ContactAdd:
+    case cmd::ListAdd:
+    case cmd::MainAdd:
+        mnuEditAdd_Click();
+        break;
+    case cmd::ContactNoFavorite:
+    case cmd::ListNoFavorite:
+        mnuEditNoBorrow_Click();
+        break;
+    case cmd::ContactProperties:
+    case cmd::ListProperties:
+        mnuEditProperties_Click();
+        break;
+    case cmd::MainProperties:
+        PropertiesFromTab();
+        break;
+    case cmd::ContactDelete:
+    case cmd::ListDelete:
+        mnuEditDelete_Click();
+        break;
+    case cmd::MainDelete:
+        DeleteFromTab(true);
+        break;
+    case cmd::ContactCopy:
+    case cmd::ListCopy:
+        CloneContact();
+        break;
 
-        case cmd::HelpContents:
-        case cmd::MainHelp:
-            mCommon::CallHelp();
-            break;
-        case cmd::TrayRestore:
-            mMain::MainFormShow();
-            break;
-        case cmd::TrayExit:
-            mMain::MainFormShow();
-            mnuFileExit_Click();
-            break;
-        case cmd::HelpTip:
-            mTips::StartupTip(true, this);
-            break;
-        case cmd::ToolsStatistics:
-        case cmd::MainStatistics:
-            mTips::Summary(this);
-            break;
-        case cmd::ViewStatusBar:
-            SwitchStatusBar();
-            break;
-        case cmd::ViewLargeIcons:
-            SwitchLargeIcons();
-            break;
-        case cmd::ViewLockToolbars:
-            SwitchLockToolbars();
-            break;
-        case cmd::ViewToolbarsDefault:
-            RestoreToolbarDefaults();
-            break;
-        case cmd::ViewPaneCategories:
-            SwitchPane(PaneIdCategories);
-            break;
-        case cmd::ViewPaneContacts:
-            SwitchPane(PaneIdContacts);
-            break;
-        case cmd::ViewPaneCard:
-            SwitchPane(PaneIdCard);
-            break;
-        case cmd::ViewPanePhoto:
-            SwitchPane(PaneIdPhoto);
-            break;
-        case cmd::ViewPanesDefault:
-            RestorePaneDefaults();
-            break;
+    case cmd::ViewCategories:
+        ViewMainSwich(QStringLiteral("Categories"));
+        break;
+    case cmd::ViewFavorites:
+        ViewMainSwich(QStringLiteral("Borrows"));
+        break;
+    case cmd::ViewGroups:
+        ViewMainSwich(QStringLiteral("Boxes"));
+        break;
+    case cmd::ViewRefresh:
+    case cmd::ListRefresh:
+        mnuViewMainRefresh_Click();
+        break;
+    case cmd::ViewToolTips:
+        SwitchToolTips();
+        break;
 
-        case cmd::ToolsSearch:
-        case cmd::MainSearch:
-            mCommon::Search();
-            break;
-        case cmd::ToolsReport:
-            mCommon::ReportDiskList();
-            break;
-        case cmd::ToolsReportSelected:
+    case cmd::ToolsPreferences:
+    case cmd::MainPreferences:
+        mnuToolsPreferences_Click();
+        break;
+    case cmd::HelpWebsite:
+    case cmd::TrayWebsite:
+        mnuHelpWeb_Click();
+        break;
+    case cmd::HelpSupport:
+    case cmd::TraySupport:
+        mnuHelpMail_Click();
+        break;
+    case cmd::HelpFeedback:
+    case cmd::TrayFeedback:
+        mnuHelpFeedback_Click();
+        break;
+    case cmd::HelpAbout:
+        mnuHelpAbout_Click();
+        break;
+    case cmd::DetailsColumnsCustomize:
+        mnuHL1Customize_Click();
+        break;
+    case cmd::ContactColumnsCustomize:
+        mnuHL2Customize_Click();
+        break;
+    case cmd::DetailsSendMail:
+    case cmd::DetailsOpenWeb:
+    case cmd::DetailsCall:
+    case cmd::DetailsCopy:
+        runQuickAction(id);
+        break;
+
+    case cmd::HelpContents:
+    case cmd::MainHelp:
+        mCommon::CallHelp();
+        break;
+    case cmd::TrayRestore:
+        mMain::MainFormShow();
+        break;
+    case cmd::TrayExit:
+        mMain::MainFormShow();
+        mnuFileExit_Click();
+        break;
+    case cmd::HelpTip:
+        mTips::StartupTip(true, this);
+        break;
+    case cmd::ToolsStatistics:
+    case cmd::MainStatistics:
+        mTips::Summary(this);
+        break;
+    case cmd::ViewStatusBar:
+        SwitchStatusBar();
+        break;
+    case cmd::ViewLargeIcons:
+        SwitchLargeIcons();
+        break;
+    case cmd::ViewLockToolbars:
+        SwitchLockToolbars();
+        break;
+    case cmd::ViewToolbarsDefault:
+        RestoreToolbarDefaults();
+        break;
+    case cmd::ViewPaneCategories:
+        SwitchPane(PaneIdCategories);
+        break;
+    case cmd::ViewPaneContacts:
+        SwitchPane(PaneIdContacts);
+        break;
+    case cmd::ViewPaneCard:
+        SwitchPane(PaneIdCard);
+        break;
+    case cmd::ViewPanePhoto:
+        SwitchPane(PaneIdPhoto);
+        break;
+    case cmd::ViewPanesDefault:
+        RestorePaneDefaults();
+        break;
+
+    case cmd::ToolsSearch:
+    case cmd::MainSearch:
+        mCommon::Search();
+        break;
+    case cmd::ToolsReport:
+        mCommon::ReportDiskList();
+        break;
+    case cmd::ToolsReportSelected:
+        mCommon::ReportFileList();
+        break;
+    case cmd::MainReport:
+        if (Control.Tag() == QLatin1String("FileList"))
             mCommon::ReportFileList();
-            break;
-        case cmd::MainReport:
-            if (Control->Tag() == QLatin1String("FileList"))
-                mCommon::ReportFileList();
-            else
-                mCommon::ReportDiskList();
-            break;
-        case cmd::ReportOnList:
-        case cmd::ReportOnContact:
-            chooseReportSource(*CommandBars1, id == cmd::ReportOnList);
-            break;
+        else
+            mCommon::ReportDiskList();
+        break;
+    case cmd::ReportOnList:
+    case cmd::ReportOnContact:
+        chooseReportSource(*CommandBars1, id == cmd::ReportOnList);
+        break;
 
-        case cmd::TabCategories:
-        case cmd::TabGroups:
-        case cmd::TabFavorites:
-            ViewMainSwich(Control->Tag());
-            break;
+    case cmd::TabCategories:
+    case cmd::TabGroups:
+    case cmd::TabFavorites:
+        ViewMainSwich(Control.Tag());
+        break;
 
-        default:
-            if (id >= cmd::RecentFirst && id <= cmd::RecentLast) {
-                mnuFileMRU_Click(id);
-            } else if (id == cmd::LetterAll || (id >= cmd::LetterA && id <= cmd::LetterUnknown)) {
-                ViewMainSwich(Control->Tag());
-            } else if ((id >= cmd::ListSortFirst && id <= cmd::ListSortLast) || id == cmd::ListSortByGroup ||
-                       (id >= cmd::ListSortInfoFirst && id <= cmd::ListSortInfoLast)) {
-                ArrangeBy(id);
-            }
-            break;
+    default:
+        if (id >= cmd::RecentFirst && id <= cmd::RecentLast) {
+            mnuFileMRU_Click(id);
+        } else if (id == cmd::LetterAll || (id >= cmd::LetterA && id <= cmd::LetterUnknown)) {
+            ViewMainSwich(Control.Tag());
+        } else if ((id >= cmd::ListSortFirst && id <= cmd::ListSortLast) || id == cmd::ListSortByGroup ||
+                   (id >= cmd::ListSortInfoFirst && id <= cmd::ListSortInfoLast)) {
+            ArrangeBy(id);
+        } else if (id >= cmd::DetailsColumnName && id <= cmd::DetailsColumnModified) {
+            mnuHL1_Click(id - cmd::DetailsColumnName + 1);
+        } else if (ContactColumnIndex(id) > 0) {
+            mnuHL2_Click(ContactColumnIndex(id));
+        } else {
+            routed = false;
         }
-        if (updatesMenu(id)) MenuUpdate();
-    });
+        break;
+    }
+    if (updatesMenu(id)) MenuUpdate();
+    return routed;
 }
 
 void Form1::SwitchToolTips() {

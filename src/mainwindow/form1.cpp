@@ -139,7 +139,6 @@ DockingPane* Form1::Pane(int id) const {
 void Form1::Form_Load() {
     HUNT_PLACE("Form1.Form_Load");
     LoadMenuToolbar();
-    MarkCommandsWithoutAction();
     LoadPanes();
     fillHooks();
     fillAccessHooks();

@@ -132,10 +132,8 @@ class Form1 : public QMainWindow, public mTV::MainWindow {
 
     // The one dispatcher of all commands.
     void CommandBars1_Execute(CommandBarAction* Control);
-    // False for a command whose action is still to come.
-    static bool HasAction(int id);
-    // Keeps every command without an action disabled.
-    void MarkCommandsWithoutAction();
+    // The dispatch itself: runs the action of the control's id; false for an id that reaches none.
+    bool Dispatch(CommandBarAction& Control);
 
     // File commands.
     void mnuFileNew_Click();
@@ -183,6 +181,35 @@ class Form1 : public QMainWindow, public mTV::MainWindow {
     void SwitchPane(int Pane);
     void RestorePaneDefaults();
 
+    // Tools > Preferences, and what its Apply changes in this window: bars, panes, the status
+    // bar, the lists' font and icons, and the three toolbars shown or hidden (trees, letters, main).
+    void mnuToolsPreferences_Click();
+    void ApplyViewPreferences(int oldToolbarTheme, int oldAppTheme, const bool (&toolbars)[3]);
+    // Help: the product's web site, a mail to support, the feedback page, the About window.
+    void mnuHelpWeb_Click();
+    void mnuHelpMail_Click();
+    void mnuHelpFeedback_Click();
+    void mnuHelpAbout_Click();
+
+    // The column pickers of the detail pane (1) and of the contact list (2): one checked entry per
+    // visible column, and "Customize columns". Each shows at the cursor unless `show` is false.
+    QMenu* PopupHL1(bool show = true);
+    QMenu* PopupHL2(bool show = true);
+    // Shows the column at one-based `Index` when it is hidden, else hides it.
+    void mnuHL1_Click(int Index);
+    void mnuHL2_Click(int Index);
+    void mnuHL1Customize_Click();
+    void mnuHL2Customize_Click();
+    // The command of the contact list's picker for column `Index`, and the column of a command (0
+    // for none).
+    static int ContactColumnCommand(int Index);
+    static int ContactColumnIndex(int id);
+    // The pop-up of a value of the detail pane at `pos` (viewport coordinates): send mail, open
+    // the page, call the number, copy; the column picker where no value is hit.
+    QMenu* PopupDetails(const QPoint& pos, bool show = true);
+    // The value the detail pane's pop-up acts on.
+    const QString& PopupValue() const { return m_popupValue; }
+
   protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -193,6 +220,8 @@ class Form1 : public QMainWindow, public mTV::MainWindow {
     void buildFileMenu(QMenu* file);
     void buildToolbars();
     void buildListPopup();
+    void buildQuickActionMenus();
+    void runQuickAction(int id);
     void showRecentList(const QStringList& captions);
     void openChosen(const QString& path);
     void fileNew();
@@ -224,6 +253,7 @@ class Form1 : public QMainWindow, public mTV::MainWindow {
     QByteArray m_pendingPanes;    // a pane layout waiting for the window to show
     QString m_pendingToolbars;
     bool m_unloaded = false;
+    QString m_popupValue;
 };
 
 // The one reference to the main window; null while it does not exist.

@@ -229,6 +229,7 @@ void Form1::LoadMenuToolbar() {
     cb.AddButton(help, kPlain, cmd::HelpAbout, msgAbout, true);
 
     buildListPopup();
+    buildQuickActionMenus();
 
     // The pop-up of the tray icon.
     QMenu* tray = cb.AddContextMenu(QStringLiteral("PopupTray"));
@@ -247,7 +248,7 @@ void Form1::LoadMenuToolbar() {
     cb.AddButton(nodePopup, kPlain, cmd::CategoryProperties, msgProperties, true);
 
     assignMnemonics(bar);
-    for (QMenu* popup : {Popup, nodePopup})
+    for (QMenu* popup : {Popup, nodePopup, cb.ContextMenu(QStringLiteral("PopupDetails"))})
         assignMnemonics(popup);
     bindKeys(cb, CatTree);
     tickViewEntries();

@@ -1,5 +1,6 @@
 #include "reports/reportwriter.h"
 
+#include "core/desktop.h"
 #include "core/error.h"
 #include "core/globals.h"
 #include "core/language.h"
@@ -111,10 +112,6 @@ QStringView trimBlanks(QStringView s) {
 }
 
 } // namespace
-
-QString ProductWebSite() {
-    return QStringLiteral("https://kelvarin.org/");
-}
 
 QDateTime ReportTime() {
     return clockHandler() ? clockHandler()() : QDateTime::currentDateTime();
@@ -467,7 +464,7 @@ void ReportWriter::Tail() {
     w.put("</TD>");
     w.put("</TR>");
     w.put("</table>");
-    w.line += QLatin1String("<p>") + msgCreatedBy + QLatin1String(" <a href=\"") + ProductWebSite() +
+    w.line += QLatin1String("<p>") + msgCreatedBy + QLatin1String(" <a href=\"") + mCommon::ProductWebSite() +
               QLatin1String("\">Kelvarin</a> ") + msgOn + QLatin1Char(' ');
     w.value(mCommon::TimeCorrectView(w.layout.Created));
     w.put("</p>");

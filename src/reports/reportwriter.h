@@ -37,9 +37,6 @@ struct ReportLayout {
     QDateTime Created;   // the time in the footer of an HTML report
 };
 
-// The address the footer of an HTML report links to.
-QString ProductWebSite();
-
 // The time a report says it was made: the clock, unless a test has set another.
 QDateTime ReportTime();
 using ReportClock = std::function<QDateTime()>;

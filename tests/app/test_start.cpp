@@ -7,6 +7,7 @@
 #include "core/globals.h"
 #include "core/language.h"
 #include "mainwindow/form1.h"
+#include "mainwindow/form7.h"
 #include "mainwindow/form9.h"
 #include "mainwindow/statusbar.h"
 #include "phonebook/createdb.h"
@@ -20,8 +21,10 @@
 #include <QDialog>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QPushButton>
 #include <QSettings>
+#include <QStackedWidget>
 #include <QTest>
 
 using fixture::TempDirTest;
@@ -59,19 +62,25 @@ class Start : public TempDirTest {
         gWS.CommitTrans();
         mMain::Closing();
     }
-    // Main with the window a start without a phonebook shows answered by `choice`; the reasons
-    // that window gave are kept, one per showing.
-    void runMain(int choice = FormNoPhonebook::ChoiceClose) {
+    // What the user does on the preferences a start without a phonebook opens on.
+    enum Choice { ChoiceClose, ChoiceOpen };
+    // Main with that dialog answered by `choice`; the reasons its Database page gave are kept,
+    // one per showing.
+    void runMain(Choice choice = ChoiceClose) {
         fixture::ModalRecorder dialogs([this, choice](QDialog* d) {
             if (qobject_cast<Form9*>(d)) {
                 ++tips;
                 return 0;
             }
-            auto* window = qobject_cast<FormNoPhonebook*>(d);
+            auto* window = qobject_cast<Form7*>(d);
             EXPECT_NE(window, nullptr);
             if (!window) return 0;
+            EXPECT_TRUE(window->NoPhonebook);
+            EXPECT_EQ(window->Pages->currentIndex(), Form7::PageDatabase);
+            EXPECT_TRUE(window->lbNoPhonebook->text().endsWith(window->Reason()));
             reasons << window->Reason();
-            return choice;
+            if (choice == ChoiceOpen) window->bnDatabasePath->click();
+            return window->result();
         });
         mMain::Main();
     }
@@ -189,7 +198,7 @@ TEST_F(Start, AVanishedRecentEntryIsNamedAndStaysListed) {
     EXPECT_EQ(recent(1), file);
 }
 
-TEST_F(Start, TheWindowWithoutAPhonebookOpensOneAndComesBackWhenNothingWasChosen) {
+TEST_F(Start, WithoutAPhonebookTheDatabasePageOpensOneAndStaysWhenNothingWasChosen) {
     const QString other = path(QStringLiteral("other.kvdb"));
     makePhonebook(other, 2);
     mMain::SetCommandLine(path(QStringLiteral("gone.kvdb")));
@@ -199,22 +208,27 @@ TEST_F(Start, TheWindowWithoutAPhonebookOpensOneAndComesBackWhenNothingWasChosen
         return answer;
     });
 
-    runMain(FormNoPhonebook::ChoiceOpen);
+    runMain(ChoiceOpen);
     EXPECT_EQ(reasons.size(), 1);
     EXPECT_FALSE(gNotConnected);
     EXPECT_EQ(gDBPath, other);
     EXPECT_EQ(gForm1->ListView2->ListItems.Count(), 2);
     endRun();
 
-    // The chooser cancelled: the window shows again, until it is closed.
-    reasons.clear();
+    // The chooser cancelled: the page stays, and Open can be tried again, until it is closed.
     answer = false;
     int shown = 0;
-    fixture::ModalRecorder dialogs([&shown](QDialog*) {
-        return ++shown < 3 ? int(FormNoPhonebook::ChoiceOpen) : int(FormNoPhonebook::ChoiceClose);
+    fixture::ModalRecorder dialogs([&shown](QDialog* d) {
+        auto* window = qobject_cast<Form7*>(d);
+        shown += window != nullptr;
+        for (int i = 0; window && i < 2; ++i) {
+            window->bnDatabasePath->click();
+            EXPECT_EQ(window->result(), 0);
+        }
+        return 0;
     });
     mMain::Main();
-    EXPECT_EQ(shown, 3);
+    EXPECT_EQ(shown, 1);
     EXPECT_TRUE(gNotConnected);
     EXPECT_TRUE(gMainFormShown);
 }

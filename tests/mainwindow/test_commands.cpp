@@ -294,7 +294,7 @@ TEST_F(Commands, WithoutAPhonebookOnlyTheListedCommandsStayEnabled) {
     // or the trees waits for a phonebook.
     for (int id : {cmd::FileNew, cmd::FileOpen, cmd::FileExit, cmd::RecentClear, cmd::ViewToolTips,
                    cmd::ViewPanePhoto, cmd::HelpAbout, cmd::MainPreferences, cmd::ViewPanesDefault})
-        EXPECT_TRUE(action(id) && action(id)->Enabled() == Form1::HasAction(id)) << id;
+        EXPECT_TRUE(action(id) && action(id)->Enabled()) << id;
     for (int id : {cmd::ListDelete, cmd::MainAdd, cmd::MainSearch, cmd::LetterA, cmd::TabCategories,
                    cmd::FileCompactDB})
         EXPECT_TRUE(action(id) && !action(id)->Enabled()) << id;
@@ -308,7 +308,7 @@ TEST_F(Commands, WithoutAPhonebookOnlyTheListedCommandsStayEnabled) {
 
     mCommon::NotConnected(false);
     for (CommandBarAction* a : form->CommandBars1->Actions())
-        EXPECT_EQ(a->Enabled(), Form1::HasAction(a->Id())) << a->Id();
+        EXPECT_TRUE(a->Enabled()) << a->Id();
 }
 
 TEST_F(Commands, ListCommandsFollowTheSelectionAndTheTreeFocus) {
@@ -363,7 +363,9 @@ TEST_F(Commands, EveryCommandAndEveryTreeAndRowKindHasAnIcon) {
         const bool captionOnly =
             within(cmd::RecentFirst, cmd::RecentLast) || id == cmd::ToolbarList || id == cmd::LetterAll ||
             within(cmd::LetterA, cmd::LetterUnknown) || within(cmd::ListSortFirst, cmd::ListSortLast) ||
-            id == cmd::ListSortByGroup || within(cmd::ListSortInfoFirst, cmd::ListSortInfoLast);
+            id == cmd::ListSortByGroup || within(cmd::ListSortInfoFirst, cmd::ListSortInfoLast) ||
+            within(cmd::DetailsColumnName, cmd::DetailsColumnsCustomize) ||
+            within(cmd::ContactColumnFirst, cmd::ContactColumnLast); // the column pickers
         EXPECT_EQ(a->icon().isNull(), captionOnly) << id;
     }
     for (const char* key : {"CAT", "CATS", "CATSEL", "CATSSEL", "BOX", "BOXS", "BOXSEL", "BOXSSEL", "STAR",

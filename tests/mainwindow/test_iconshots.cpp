@@ -113,10 +113,8 @@ TEST_F(IconShots, ToolbarsAndTreesInALightAndADarkPalette) {
             form.ListView2->SetSelectedItem(item);
             break;
         }
-        for (CommandBarAction* action : form.CommandBars1->Actions()) {
-            action->SetAvailable(true);
+        for (CommandBarAction* action : form.CommandBars1->Actions())
             action->SetEnabled(true);
-        }
         QTest::qWait(50);
         parts.prepend(form.grab());
         parts.removeLast();

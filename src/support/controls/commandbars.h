@@ -30,12 +30,9 @@ class CommandBarAction : public QAction {
     int Id() const { return m_id; }
     ControlType Type() const { return m_type; }
 
-    // Enabled as set and available, also while the control is hidden (a hidden QAction reports
-    // itself disabled).
-    bool Enabled() const { return m_enabled && m_available; }
+    // Enabled as set, also while the control is hidden (a hidden QAction reports itself disabled).
+    bool Enabled() const { return m_enabled; }
     void SetEnabled(bool enabled);
-    // A command without an action stays disabled whatever SetEnabled says.
-    void SetAvailable(bool available);
     bool Checked() const { return isChecked(); }
     void SetChecked(bool checked) { setChecked(checked); }
     bool Visible() const { return isVisible(); }
@@ -57,7 +54,6 @@ class CommandBarAction : public QAction {
     QString m_tag;
     bool m_beginGroup = false;
     bool m_enabled = true;
-    bool m_available = true;
 };
 
 class CommandBars : public QObject {
