@@ -1,5 +1,6 @@
 #include "contactlist/listfill.h"
 
+#include "contactlist/celltext.h"
 #include "contactlist/listhooks.h"
 #include "contactlist/listupdate.h"
 #include "core/error.h"
@@ -45,63 +46,6 @@ QString text(const QVariant& v) {
     return mCommon::Nz(v, kEmpty).toString();
 }
 
-// Removes the blanks at both ends of the text from `start` on, in place, as a text cell is
-// trimmed (other white space stays).
-void trimBlanks(QString& s, qsizetype start) {
-    qsizetype end = s.size();
-    while (end > start && s.at(end - 1) == QLatin1Char(' '))
-        --end;
-    s.truncate(end);
-    qsizetype first = start;
-    while (first < s.size() && s.at(first) == QLatin1Char(' '))
-        ++first;
-    if (first > start) s.remove(start, first - start);
-}
-
-bool isLineBreak(QChar c) {
-    return c == QLatin1Char('\r') || c == QLatin1Char('\n');
-}
-
-// The text from `start` on as one line, as a multi-line cell shows it: the first line and " ..."
-// when there are more.
-void keepFirstLine(QString& s, qsizetype start) {
-    for (qsizetype i = start; i < s.size(); ++i) {
-        if (isLineBreak(s.at(i))) {
-            s.truncate(i);
-            s += QLatin1String(" ...");
-            return;
-        }
-    }
-}
-
-// The text from `start` on as one line, as an address cell shows it: ", " for each line break,
-// a CR LF pair being one.
-void joinLines(QString& s, qsizetype start) {
-    qsizetype i = start;
-    while (i < s.size() && !isLineBreak(s.at(i)))
-        ++i;
-    if (i == s.size()) return;
-    const QString rest = s.mid(i);
-    s.truncate(i);
-    for (qsizetype k = 0; k < rest.size(); ++k) {
-        const QChar c = rest.at(k);
-        if (isLineBreak(c)) {
-            s += QLatin1String(", ");
-            if (c == QLatin1Char('\r') && k + 1 < rest.size() && rest.at(k + 1) == QLatin1Char('\n')) ++k;
-        } else {
-            s += c;
-        }
-    }
-}
-
-int fieldIndex(const dao::Recordset& rs, const QString& name) {
-    const int i = rs.FieldIndex(name);
-    if (i < 0)
-        throw dao::DbError(dao::errItemNotFound,
-                           QStringLiteral("Item '%1' not found in this collection.").arg(name));
-    return i;
-}
-
 QString nodeIcon(qint16 mode) {
     switch (mode) {
     case 0:
@@ -139,17 +83,21 @@ void clearSelection(ListView& list) {
 } // namespace
 
 ListFields::ListFields(const dao::Recordset& rs)
-    : IDCD(fieldIndex(rs, QStringLiteral("IDCD"))), FullName(fieldIndex(rs, QStringLiteral("FullName"))),
-      Title(fieldIndex(rs, QStringLiteral("Title"))), Company(fieldIndex(rs, QStringLiteral("Company"))),
-      Cat(fieldIndex(rs, QStringLiteral("Cat"))), Bor(fieldIndex(rs, QStringLiteral("Bor"))),
-      Address(fieldIndex(rs, QStringLiteral("Address"))), City(fieldIndex(rs, QStringLiteral("City"))),
-      State(fieldIndex(rs, QStringLiteral("State"))), Zip(fieldIndex(rs, QStringLiteral("Zip"))),
-      Comment(fieldIndex(rs, QStringLiteral("Comment"))),
-      ContactNumber(fieldIndex(rs, QStringLiteral("ContactNumber"))),
-      DateScan(fieldIndex(rs, QStringLiteral("DateScan"))), Box(fieldIndex(rs, QStringLiteral("Box"))) {
+    : IDCD(mLV::FieldIndex(rs, QStringLiteral("IDCD"))),
+      FullName(mLV::FieldIndex(rs, QStringLiteral("FullName"))),
+      Title(mLV::FieldIndex(rs, QStringLiteral("Title"))),
+      Company(mLV::FieldIndex(rs, QStringLiteral("Company"))),
+      Cat(mLV::FieldIndex(rs, QStringLiteral("Cat"))), Bor(mLV::FieldIndex(rs, QStringLiteral("Bor"))),
+      Address(mLV::FieldIndex(rs, QStringLiteral("Address"))),
+      City(mLV::FieldIndex(rs, QStringLiteral("City"))), State(mLV::FieldIndex(rs, QStringLiteral("State"))),
+      Zip(mLV::FieldIndex(rs, QStringLiteral("Zip"))),
+      Comment(mLV::FieldIndex(rs, QStringLiteral("Comment"))),
+      ContactNumber(mLV::FieldIndex(rs, QStringLiteral("ContactNumber"))),
+      DateScan(mLV::FieldIndex(rs, QStringLiteral("DateScan"))),
+      Box(mLV::FieldIndex(rs, QStringLiteral("Box"))) {
     for (int k = 0; k < 12; ++k) {
-        T[k] = fieldIndex(rs, QStringLiteral("T%1").arg(k + 1));
-        Number[k] = fieldIndex(rs, QStringLiteral("Number%1").arg(k + 1));
+        T[k] = mLV::FieldIndex(rs, QStringLiteral("T%1").arg(k + 1));
+        Number[k] = mLV::FieldIndex(rs, QStringLiteral("Number%1").arg(k + 1));
     }
 }
 
@@ -173,12 +121,12 @@ void AddDriveRecord(ListView& ListView2, const dao::Recordset& rstWork, const Li
     textCell(f.Company);
     textCell(f.Cat);
     textCell(f.Bor);
-    if (rstWork.AppendText(f.Address, row)) joinLines(row, cells.CellStart());
+    if (rstWork.AppendText(f.Address, row)) mLV::JoinLines(row, cells.CellStart());
     cells.EndCell();
     textCell(f.City);
     textCell(f.State);
     textCell(f.Zip);
-    if (rstWork.AppendText(f.Comment, row)) keepFirstLine(row, cells.CellStart());
+    if (rstWork.AppendText(f.Comment, row)) mLV::KeepFirstLine(row, cells.CellStart());
     cells.EndCell();
     const qint64 number = rstWork.LongAt(f.ContactNumber); // Null reads as 0
     if (number == 0) {
@@ -206,7 +154,7 @@ void AddDriveRecord(ListView& ListView2, const dao::Recordset& rstWork, const Li
         }
         row += QLatin1Char(' ');
         rstWork.AppendText(f.Number[k], row);
-        trimBlanks(row, cells.CellStart());
+        mLV::TrimBlanks(row, cells.CellStart());
         cells.EndCell();
     }
     ListItem* item = ListView2.ListItems.Add(key, cells, QString(), kContactIcon);
@@ -225,9 +173,9 @@ void FillDriveListCat(ListView& ListView2, const QString& NodeKey) {
     dao::Recordset rs = gDB.OpenRecordset(
         QStringLiteral("SELECT * From %1 Where %1.IDPARENT = %2").arg(table).arg(mCommon::GetID1(NodeKey)),
         dao::dbOpenSnapshot);
-    const int id = fieldIndex(rs, QStringLiteral("ID"));
-    const int name = fieldIndex(rs, QStringLiteral("Name"));
-    const int comment = fieldIndex(rs, QStringLiteral("Comment"));
+    const int id = mLV::FieldIndex(rs, QStringLiteral("ID"));
+    const int name = mLV::FieldIndex(rs, QStringLiteral("Name"));
+    const int comment = mLV::FieldIndex(rs, QStringLiteral("Comment"));
     ListUpdate block(ListView2);
     ListView2.ListItems.Clear();
     for (; !rs.AtEOF(); rs.MoveNext())

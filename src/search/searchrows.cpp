@@ -1,5 +1,6 @@
 #include "search/searchrows.h"
 
+#include "contactlist/celltext.h"
 #include "core/error.h"
 #include "support/controls/listview.h"
 #include "support/helpers/dates.h"
@@ -13,59 +14,6 @@ namespace {
 
 const QString kContactIcon = QStringLiteral("BOR");
 
-int fieldIndex(const dao::Recordset& rs, const QString& name) {
-    const int i = rs.FieldIndex(name);
-    if (i < 0)
-        throw dao::DbError(dao::errItemNotFound,
-                           QStringLiteral("Item '%1' not found in this collection.").arg(name));
-    return i;
-}
-
-bool isLineBreak(QChar c) {
-    return c == QLatin1Char('\r') || c == QLatin1Char('\n');
-}
-
-// The text from `start` on cut at its first line break, with " ..." when there was one.
-void keepFirstLine(QString& s, qsizetype start) {
-    for (qsizetype i = start; i < s.size(); ++i)
-        if (s.at(i) == QLatin1Char('\r') || s.at(i) == QLatin1Char('\n')) {
-            s.truncate(i);
-            s += QLatin1String(" ...");
-            return;
-        }
-}
-
-// The text from `start` on as one line: ", " for each line break, a CR LF pair being one.
-void joinLines(QString& s, qsizetype start) {
-    qsizetype i = start;
-    while (i < s.size() && !isLineBreak(s.at(i)))
-        ++i;
-    if (i == s.size()) return;
-    const QString rest = s.mid(i);
-    s.truncate(i);
-    for (qsizetype k = 0; k < rest.size(); ++k) {
-        const QChar c = rest.at(k);
-        if (!isLineBreak(c)) {
-            s += c;
-            continue;
-        }
-        s += QLatin1String(", ");
-        if (c == QLatin1Char('\r') && k + 1 < rest.size() && rest.at(k + 1) == QLatin1Char('\n')) ++k;
-    }
-}
-
-// Removes the blanks at both ends of the text from `start` on.
-void trimBlanks(QString& s, qsizetype start) {
-    qsizetype end = s.size();
-    while (end > start && s.at(end - 1) == QLatin1Char(' '))
-        --end;
-    s.truncate(end);
-    qsizetype first = start;
-    while (first < s.size() && s.at(first) == QLatin1Char(' '))
-        ++first;
-    if (first > start) s.remove(start, first - start);
-}
-
 } // namespace
 
 QColor LinkColor() {
@@ -73,18 +21,22 @@ QColor LinkColor() {
 }
 
 SearchFields::SearchFields(const dao::Recordset& rs)
-    : IDCD(fieldIndex(rs, QStringLiteral("IDCD"))), FullName(fieldIndex(rs, QStringLiteral("FullName"))),
-      Title(fieldIndex(rs, QStringLiteral("Title"))), Company(fieldIndex(rs, QStringLiteral("Company"))),
-      Category(fieldIndex(rs, QStringLiteral("Category"))),
-      Favorite(fieldIndex(rs, QStringLiteral("Favorite"))),
-      Address(fieldIndex(rs, QStringLiteral("Address"))), City(fieldIndex(rs, QStringLiteral("City"))),
-      State(fieldIndex(rs, QStringLiteral("State"))), Zip(fieldIndex(rs, QStringLiteral("Zip"))),
-      Comment(fieldIndex(rs, QStringLiteral("Comment"))),
-      ContactNumber(fieldIndex(rs, QStringLiteral("ContactNumber"))),
-      DateScan(fieldIndex(rs, QStringLiteral("DateScan"))), Box(fieldIndex(rs, QStringLiteral("Box"))) {
+    : IDCD(mLV::FieldIndex(rs, QStringLiteral("IDCD"))),
+      FullName(mLV::FieldIndex(rs, QStringLiteral("FullName"))),
+      Title(mLV::FieldIndex(rs, QStringLiteral("Title"))),
+      Company(mLV::FieldIndex(rs, QStringLiteral("Company"))),
+      Category(mLV::FieldIndex(rs, QStringLiteral("Category"))),
+      Favorite(mLV::FieldIndex(rs, QStringLiteral("Favorite"))),
+      Address(mLV::FieldIndex(rs, QStringLiteral("Address"))),
+      City(mLV::FieldIndex(rs, QStringLiteral("City"))), State(mLV::FieldIndex(rs, QStringLiteral("State"))),
+      Zip(mLV::FieldIndex(rs, QStringLiteral("Zip"))),
+      Comment(mLV::FieldIndex(rs, QStringLiteral("Comment"))),
+      ContactNumber(mLV::FieldIndex(rs, QStringLiteral("ContactNumber"))),
+      DateScan(mLV::FieldIndex(rs, QStringLiteral("DateScan"))),
+      Box(mLV::FieldIndex(rs, QStringLiteral("Box"))) {
     for (int k = 0; k < 12; ++k) {
-        T[k] = fieldIndex(rs, QStringLiteral("T%1").arg(k + 1));
-        Number[k] = fieldIndex(rs, QStringLiteral("Number%1").arg(k + 1));
+        T[k] = mLV::FieldIndex(rs, QStringLiteral("T%1").arg(k + 1));
+        Number[k] = mLV::FieldIndex(rs, QStringLiteral("Number%1").arg(k + 1));
     }
 }
 
@@ -114,17 +66,17 @@ void AddSearchRecord(ListView& ListView1, const dao::Recordset& rs, const Search
         }
         row += QLatin1Char(' ');
         if (rs.AppendText(f.Number[k], row)) links = links || !rs.IsNull(f.Number[k]);
-        trimBlanks(row, cells.CellStart());
+        mLV::TrimBlanks(row, cells.CellStart());
         cells.EndCell();
     }
     textCell(f.Category);
     textCell(f.Favorite);
-    if (rs.AppendText(f.Address, row)) joinLines(row, cells.CellStart());
+    if (rs.AppendText(f.Address, row)) mLV::JoinLines(row, cells.CellStart());
     cells.EndCell();
     textCell(f.City);
     textCell(f.State);
     textCell(f.Zip);
-    if (rs.AppendText(f.Comment, row)) keepFirstLine(row, cells.CellStart());
+    if (rs.AppendText(f.Comment, row)) mLV::KeepFirstLine(row, cells.CellStart());
     cells.EndCell();
     textCell(f.ContactNumber);
     QDate date;
