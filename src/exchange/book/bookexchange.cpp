@@ -11,8 +11,8 @@
 #include "exchange/vcardreader.h"
 #include "phonebook/catpath.h"
 #include "phonebook/lookups.h"
-#include "phonebook/storedphoto.h"
 #include "phonebook/store/dao.h"
+#include "phonebook/storedphoto.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -30,10 +30,12 @@ namespace mExchange {
 
 namespace {
 
-const char* const kTextFields[] = {"FullName", "Title", "Company", "Address", "City", "State", "Zip", "Comment"};
+const char* const kTextFields[] = {"FullName", "Title", "Company", "Address",
+                                   "City",     "State", "Zip",     "Comment"};
 
 QString* TextOf(ContactRecord& r, int i) {
-    QString* fields[] = {&r.FullName, &r.Title, &r.Company, &r.Address, &r.City, &r.State, &r.Zip, &r.Comment};
+    QString* fields[] = {&r.FullName, &r.Title, &r.Company, &r.Address,
+                         &r.City,     &r.State, &r.Zip,     &r.Comment};
     return fields[i];
 }
 
@@ -45,7 +47,8 @@ QString Col(const char* name, int n) {
 class TypeTable {
   public:
     TypeTable() {
-        dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT IDTYPE, Type FROM Types"), dao::dbOpenSnapshot);
+        dao::Recordset rs =
+            gDB.OpenRecordset(QStringLiteral("SELECT IDTYPE, Type FROM Types"), dao::dbOpenSnapshot);
         for (; !rs.AtEOF(); rs.MoveNext()) {
             const qint32 id = qint32(rs.LongAt(0));
             const QString name = rs.Text(1);
@@ -82,7 +85,8 @@ class TreeTable {
   public:
     explicit TreeTable(qint16 mode) : m_mode(mode) {
         dao::Recordset rs = gDB.OpenRecordset(
-            QStringLiteral("SELECT ID, Name, IDPARENT, Pedigree FROM %1").arg(mTV::TreeTable(mode)), dao::dbOpenSnapshot);
+            QStringLiteral("SELECT ID, Name, IDPARENT, Pedigree FROM %1").arg(mTV::TreeTable(mode)),
+            dao::dbOpenSnapshot);
         for (; !rs.AtEOF(); rs.MoveNext()) {
             Node n{rs.Text(1), qint32(rs.LongAt(2)), rs.Text(3)};
             const qint32 id = qint32(rs.LongAt(0));
@@ -118,11 +122,14 @@ class TreeTable {
         qint32 parent;
         QString pedigree;
     };
-    static QString key(qint32 parent, const QString& name) { return QString::number(parent) + QLatin1Char('/') + name; }
+    static QString key(qint32 parent, const QString& name) {
+        return QString::number(parent) + QLatin1Char('/') + name;
+    }
     qint32 add(qint32 parent, const QString& name) {
         const qint32 id = ++m_max;
         const QString pedigree = m_nodes.value(parent).pedigree + QStringLiteral("ID%1E").arg(id);
-        dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM %1 WHERE ID = -1").arg(mTV::TreeTable(m_mode)));
+        dao::Recordset rs =
+            gDB.OpenRecordset(QStringLiteral("SELECT * FROM %1 WHERE ID = -1").arg(mTV::TreeTable(m_mode)));
         rs.AddNew();
         rs.SetValue(QStringLiteral("ID"), id);
         rs.SetValue(QStringLiteral("Name"), name);
@@ -134,7 +141,8 @@ class TreeTable {
         m_children.insert(key(parent, name), id);
         // The readable path is spelled from the pedigree once the row stands.
         gDB.Execute(QStringLiteral("UPDATE %1 SET Catpath = '%2' WHERE ID = %3")
-                        .arg(mTV::TreeTable(m_mode), QString(mLV::UpdateCatPath(pedigree, m_mode)).replace(QLatin1Char('\''), QStringLiteral("''")))
+                        .arg(mTV::TreeTable(m_mode), QString(mLV::UpdateCatPath(pedigree, m_mode))
+                                                         .replace(QLatin1Char('\''), QStringLiteral("''")))
                         .arg(id));
         return id;
     }
@@ -230,7 +238,8 @@ QByteArray FittedPhoto(const QByteArray& file, QString* ext) {
             if (ext) *ext = QStringLiteral("jpg");
             return out;
         }
-        if (quality <= 50) image = image.scaled(image.size() * 0.8, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        if (quality <= 50)
+            image = image.scaled(image.size() * 0.8, Qt::KeepAspectRatio, Qt::SmoothTransformation);
         if (image.width() < 8) return {};
     }
 }
@@ -241,7 +250,8 @@ ImportSummary ImportRecords(const QList<ContactRecord>& records, const ImportOpt
     dao::Transaction trans(gWS);
     TypeTable types;
     std::array<TreeTable, 3> trees{TreeTable(0), TreeTable(1), TreeTable(2)};
-    QMultiHash<QString, Known> known = options.checkDuplicates ? KnownContacts() : QMultiHash<QString, Known>();
+    QMultiHash<QString, Known> known =
+        options.checkDuplicates ? KnownContacts() : QMultiHash<QString, Known>();
     qint32 nextId = mCard::NextContactID();
     qint64 nextNumber = mCommon::GetMaxNumber().toLongLong();
 
@@ -262,7 +272,8 @@ ImportSummary ImportRecords(const QList<ContactRecord>& records, const ImportOpt
             summary.notes << QStringLiteral("%1: numbers past the twelfth were left out").arg(who);
 
         if (existing && options.duplicates == DuplicateAction::Merge) {
-            dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs WHERE IDCD = %1").arg(existing));
+            dao::Recordset rs =
+                gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs WHERE IDCD = %1").arg(existing));
             rs.Edit();
             ContactRecord copy = r;
             for (int f = 0; f < 8; ++f)
@@ -335,7 +346,8 @@ ImportSummary ImportRecords(const QList<ContactRecord>& records, const ImportOpt
 
 namespace {
 
-ContactRecord RecordOfRow(const dao::Recordset& rs, const TypeTable& types, const std::array<TreeTable, 3>& trees) {
+ContactRecord RecordOfRow(const dao::Recordset& rs, const TypeTable& types,
+                          const std::array<TreeTable, 3>& trees) {
     ContactRecord r;
     for (int f = 0; f < 8; ++f)
         *TextOf(r, f) = rs[QLatin1String(kTextFields[f])].toString();
@@ -350,7 +362,8 @@ ContactRecord RecordOfRow(const dao::Recordset& rs, const TypeTable& types, cons
         r.Photo = mPhotoStore::PhotoFileBytes(rs[QStringLiteral("Photo")].toByteArray(), size);
         r.PhotoExt = rs[QStringLiteral("PhotoExt")].toString();
     }
-    const QVariant idc = rs[QStringLiteral("IDC")], idx = rs[QStringLiteral("IDX")], idb = rs[QStringLiteral("IDB")];
+    const QVariant idc = rs[QStringLiteral("IDC")], idx = rs[QStringLiteral("IDX")],
+                   idb = rs[QStringLiteral("IDB")];
     if (!idc.isNull()) r.CategoryPath = trees[0].path(idc.toInt());
     if (!idx.isNull()) r.GroupPath = trees[1].path(idx.toInt());
     if (!idb.isNull() && idb.toInt() != -1) {
@@ -369,7 +382,8 @@ bool ForEachContact(const QList<qint32>& ids, const std::function<bool(const Con
     const std::array<TreeTable, 3> trees{TreeTable(0), TreeTable(1), TreeTable(2)};
     int total = int(ids.size());
     if (ids.isEmpty()) {
-        dao::Recordset count = gDB.OpenRecordset(QStringLiteral("SELECT Count(*) FROM CDs"), dao::dbOpenSnapshot);
+        dao::Recordset count =
+            gDB.OpenRecordset(QStringLiteral("SELECT Count(*) FROM CDs"), dao::dbOpenSnapshot);
         total = int(count.LongAt(0));
         count.Close();
     }
@@ -380,14 +394,15 @@ bool ForEachContact(const QList<qint32>& ids, const std::function<bool(const Con
         return write(RecordOfRow(rs, types, trees));
     };
     if (ids.isEmpty()) {
-        dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs ORDER BY IDCD"), dao::dbOpenForwardOnly);
+        dao::Recordset rs =
+            gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs ORDER BY IDCD"), dao::dbOpenForwardOnly);
         for (; !rs.AtEOF(); rs.MoveNext())
             if (!step(rs)) return false;
         rs.Close();
     } else {
         for (const qint32 id : ids) {
-            dao::Recordset rs =
-                gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs WHERE IDCD = %1").arg(id), dao::dbOpenSnapshot);
+            dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs WHERE IDCD = %1").arg(id),
+                                                  dao::dbOpenSnapshot);
             if (!rs.AtEOF() && !step(rs)) return false;
             rs.Close();
         }
@@ -404,9 +419,11 @@ ContactRecord RecordOfContact(qint32 idcd) {
     return found;
 }
 
-bool ExportVCard(QIODevice* device, const QList<qint32>& ids, exchange::VCardVersion version, const Progress& progress) {
+bool ExportVCard(QIODevice* device, const QList<qint32>& ids, exchange::VCardVersion version,
+                 const Progress& progress) {
     exchange::VCardWriter writer(device, version);
-    return ForEachContact(ids, [&writer](const ContactRecord& r) { return writer.write(r); }, progress);
+    return ForEachContact(
+        ids, [&writer](const ContactRecord& r) { return writer.write(r); }, progress);
 }
 
 bool ExportCsv(QIODevice* device, const QList<qint32>& ids, const Progress& progress) {
@@ -424,7 +441,8 @@ namespace {
 
 void OpenForReading(QFile& file) {
     if (!file.open(QIODevice::ReadOnly))
-        throw HuntERR::Error(53, QStringLiteral("Cannot open %1: %2").arg(file.fileName(), file.errorString()));
+        throw HuntERR::Error(53,
+                             QStringLiteral("Cannot open %1: %2").arg(file.fileName(), file.errorString()));
 }
 
 } // namespace
@@ -456,7 +474,8 @@ QList<ContactRecord> ReadCsvFile(const QString& path, QStringList* problems) {
     QStringList header, row;
     QList<ContactRecord> records;
     if (!reader.next(header)) return records;
-    const QList<exchange::CsvColumn> mapping = exchange::CsvMapping(exchange::DetectCsvPreset(header), header);
+    const QList<exchange::CsvColumn> mapping =
+        exchange::CsvMapping(exchange::DetectCsvPreset(header), header);
     while (reader.next(row))
         records << exchange::RecordFromCsv(mapping, header, row);
     if (problems)

@@ -60,7 +60,8 @@ exchange::ContactRecord RecordOfContact(qint32 idcd);
 
 // The contacts of `ids` (every contact when empty), in IDCD order, one at a time to `write`.
 // False when `write` fails or the progress callback cancels.
-bool ForEachContact(const QList<qint32>& ids, const std::function<bool(const exchange::ContactRecord&)>& write,
+bool ForEachContact(const QList<qint32>& ids,
+                    const std::function<bool(const exchange::ContactRecord&)>& write,
                     const Progress& progress = {});
 
 // Exports the contacts to an open device as vCard or as Kelvarin's CSV. False when cancelled or
