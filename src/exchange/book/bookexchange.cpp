@@ -4,6 +4,7 @@
 #include "card/cardtext.h"
 #include "core/error.h"
 #include "core/globals.h"
+#include "core/language.h"
 #include "exchange/csvmap.h"
 #include "exchange/csvreader.h"
 #include "exchange/csvwriter.h"
@@ -25,6 +26,7 @@
 
 using exchange::ContactRecord;
 using exchange::NumberRow;
+using namespace mLanguageGobals;
 
 namespace mExchange {
 
@@ -206,11 +208,10 @@ void WritePhoto(dao::Recordset& rs, const ContactRecord& r, QStringList& notes) 
     QString ext = r.PhotoExt;
     const QByteArray file = FittedPhoto(r.Photo, &ext);
     if (file.isEmpty()) {
-        notes << QStringLiteral("%1: the photo cannot be read and was left out").arg(r.FullName);
+        notes << msgExNotePhotoUnreadable.arg(r.FullName);
         return;
     }
-    if (file.size() != r.Photo.size())
-        notes << QStringLiteral("%1: the photo was scaled down to fit").arg(r.FullName);
+    if (file.size() != r.Photo.size()) notes << msgExNotePhotoScaled.arg(r.FullName);
     rs.SetValue(QStringLiteral("Photo"), mPhotoStore::StoredPhotoBytes(file));
     rs.SetValue(QStringLiteral("PhotoExt"), TextOrNull(ext.left(15)));
     rs.SetValue(QStringLiteral("PhotoSize"), double(file.size()));
@@ -219,7 +220,7 @@ void WritePhoto(dao::Recordset& rs, const ContactRecord& r, QStringList& notes) 
 } // namespace
 
 QString ImportSummary::text() const {
-    return QStringLiteral("%1 imported, %2 merged, %3 skipped").arg(imported).arg(merged).arg(skipped);
+    return msgExSummary.arg(imported).arg(merged).arg(skipped);
 }
 
 QByteArray FittedPhoto(const QByteArray& file, QString* ext) {
@@ -261,15 +262,14 @@ ImportSummary ImportRecords(const QList<ContactRecord>& records, const ImportOpt
             return summary; // the transaction rolls back
         }
         const ContactRecord& r = records[i];
-        const QString who = r.FullName.isEmpty() ? QStringLiteral("Record %1").arg(i + 1) : r.FullName;
+        const QString who = r.FullName.isEmpty() ? msgExRecord.arg(i + 1) : r.FullName;
         const qint32 existing = options.checkDuplicates ? DuplicateOf(known, r) : 0;
         if (existing && options.duplicates == DuplicateAction::Skip) {
             ++summary.skipped;
-            summary.notes << QStringLiteral("%1: skipped, the phonebook already has this contact").arg(who);
+            summary.notes << msgExNoteSkipped.arg(who);
             continue;
         }
-        if (r.Numbers.size() > exchange::kNumberRows)
-            summary.notes << QStringLiteral("%1: numbers past the twelfth were left out").arg(who);
+        if (r.Numbers.size() > exchange::kNumberRows) summary.notes << msgExNoteTooManyNumbers.arg(who);
 
         if (existing && options.duplicates == DuplicateAction::Merge) {
             dao::Recordset rs =
@@ -299,7 +299,7 @@ ImportSummary ImportRecords(const QList<ContactRecord>& records, const ImportOpt
             rs.Update();
             rs.Close();
             ++summary.merged;
-            summary.notes << QStringLiteral("%1: merged into the contact already there").arg(who);
+            summary.notes << msgExNoteMerged.arg(who);
             continue;
         }
 
@@ -441,8 +441,7 @@ namespace {
 
 void OpenForReading(QFile& file) {
     if (!file.open(QIODevice::ReadOnly))
-        throw HuntERR::Error(53,
-                             QStringLiteral("Cannot open %1: %2").arg(file.fileName(), file.errorString()));
+        throw HuntERR::Error(53, msgExCannotOpen.arg(file.fileName(), file.errorString()));
 }
 
 } // namespace
