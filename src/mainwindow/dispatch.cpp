@@ -120,6 +120,14 @@ void Form1::CommandBars1_Execute(CommandBarAction* Control) {
         case cmd::FileCompactDB:
             mnuFileCompactDB_Click();
             break;
+        case cmd::FileImport:
+            mnuFileImport_Click();
+            break;
+        case cmd::FileExportAll:
+        case cmd::FileExportList:
+        case cmd::FileExportSelected:
+            mnuFileExport_Click(id);
+            break;
         case cmd::AccessFull:
         case cmd::AccessReadOnly:
             SwithAccessMode(id == cmd::AccessFull);

@@ -219,6 +219,15 @@ void WritePhoto(dao::Recordset& rs, const ContactRecord& r, QStringList& notes) 
 
 } // namespace
 
+int CountDuplicates(const QList<ContactRecord>& records) {
+    HUNT_PLACE("mExchange.CountDuplicates", records.size());
+    const QMultiHash<QString, Known> known = KnownContacts();
+    int count = 0;
+    for (const ContactRecord& r : records)
+        count += DuplicateOf(known, r) != 0;
+    return count;
+}
+
 QString ImportSummary::text() const {
     return msgExSummary.arg(imported).arg(merged).arg(skipped);
 }

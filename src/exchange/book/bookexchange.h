@@ -50,6 +50,10 @@ struct ImportSummary {
 // callback cancels or something fails (the error is thrown on).
 ImportSummary ImportRecords(const QList<exchange::ContactRecord>& records, const ImportOptions& options = {});
 
+// How many of the records the phonebook already has (same full name and a number or address in
+// common), to ask the user before an import.
+int CountDuplicates(const QList<exchange::ContactRecord>& records);
+
 // A photo file's bytes made to fit the card's limit: unchanged when small enough, else the picture
 // scaled down step by step and saved as JPEG; empty when the picture cannot be read. `ext` is set
 // to the extension of the bytes answered.
