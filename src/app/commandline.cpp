@@ -1,11 +1,18 @@
 #include "app/commandline.h"
 
 #include "core/datafiles.h"
+#include "core/error.h"
+#include "core/globals.h"
 #include "core/language.h"
+#include "exchange/book/bookexchange.h"
 #include "legacy/convert.h"
+#include "phonebook/login.h"
+#include "phonebook/upgrade.h"
+#include "preferences/settings.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QSaveFile>
 #include <cstdio>
 #include <fcntl.h>
 #include <unistd.h>
@@ -30,6 +37,11 @@ CommandLine ReadCommandLine(const QStringList& arguments) {
             if (line.action != CommandLine::Help) line.action = CommandLine::Version;
         } else if (arg == QLatin1String("--convert")) {
             convert = true;
+        } else if (arg == QLatin1String("--export-vcard") || arg == QLatin1String("--export-csv") ||
+                   arg == QLatin1String("--import-vcard") || arg == QLatin1String("--import-csv")) {
+            if (line.exchangeOption.isEmpty()) line.exchangeOption = arg;
+        } else if (arg == QLatin1String("--vcard3")) {
+            line.vcard3 = true;
         } else if (line.option.isEmpty()) {
             line.option = arg;
         }
@@ -47,6 +59,15 @@ CommandLine ReadCommandLine(const QStringList& arguments) {
             line.option = names[2];
         }
     }
+    if (!line.exchangeOption.isEmpty() && line.action == CommandLine::Start && !convert) {
+        line.action = CommandLine::Exchange;
+        line.exchangeFile = names.value(0);
+        line.exchangePhonebook = names.value(1);
+        if (names.size() > 2) {
+            line.action = CommandLine::UnknownOption;
+            line.option = names[2];
+        }
+    }
     return line;
 }
 
@@ -57,7 +78,7 @@ QString PhonebookFromCommandLine(const QString& commandLine) {
 }
 
 QStringList UsageLines() {
-    return {msgUsage, msgUsageDetails, msgUsageConvert,
+    return {msgUsage, msgUsageDetails, msgUsageConvert, msgUsageExchange,
             msgHelpPages.arg(mCommon::ProgramDataPath(QStringLiteral("help/index.html")))};
 }
 
@@ -98,6 +119,63 @@ int RunConvert(const CommandLine& line) {
     }
     restore();
     printLine(stdout, to);
+    return 0;
+}
+
+int RunExchange(const CommandLine& line) {
+    const QString error = QStringLiteral("kelvarin: ");
+    if (line.exchangeFile.isEmpty()) {
+        printLine(stderr, error + msgExNeedsFile.arg(line.exchangeOption));
+        return 2;
+    }
+    const QString file = PhonebookFromCommandLine(line.exchangeFile);
+    QString book = line.exchangePhonebook;
+    if (book.isEmpty()) {
+        const QString recent = GetSetting(AppTitle(), QStringLiteral("Recent"), QStringLiteral("1"));
+        book = recent.isEmpty() ? DefaultPhonebook() : recent;
+    }
+    book = PhonebookFromCommandLine(book);
+    if (!QFileInfo(book).isFile()) {
+        printLine(stderr, error + msgExNoPhonebook.arg(book));
+        return 1;
+    }
+    const bool import = line.exchangeOption.startsWith(QLatin1String("--import"));
+    const bool vcard = line.exchangeOption.endsWith(QLatin1String("vcard"));
+    try {
+        gDBPath = book;
+        gWS = dao::Workspace();
+        gWSOpen = true;
+        gDB = gWS.OpenDatabase(book, false, !import, QStringLiteral(";pwd=vorla"));
+        gDBOpen = true;
+        if (import) mAccess::UpgradeChain();
+        if (import) {
+            const QList<exchange::ContactRecord> records =
+                vcard ? mExchange::ReadVCardFile(file) : mExchange::ReadCsvFile(file);
+            mExchange::ImportOptions options;
+            options.duplicates = mExchange::DuplicateAction::Merge;
+            const mExchange::ImportSummary summary = mExchange::ImportRecords(records, options);
+            printLine(stdout, summary.text());
+        } else {
+            QSaveFile out(file);
+            bool written = out.open(QIODevice::WriteOnly);
+            if (written)
+                written = vcard ? mExchange::ExportVCard(&out, {},
+                                                         line.vcard3 ? exchange::VCardVersion::V30
+                                                                     : exchange::VCardVersion::V40)
+                                : mExchange::ExportCsv(&out, {});
+            if (!written || !out.commit()) {
+                mMain::Closing();
+                printLine(stderr, error + msgExCannotWrite.arg(file));
+                return 1;
+            }
+        }
+    } catch (const HuntERR::Error& e) {
+        mMain::Closing();
+        HuntERR::ClearPendingStack();
+        printLine(stderr, error + e.Description());
+        return 1;
+    }
+    mMain::Closing();
     return 0;
 }
 

@@ -7,7 +7,7 @@
 namespace mMain {
 
 struct CommandLine {
-    enum Action { Start, Help, Version, UnknownOption, Convert };
+    enum Action { Start, Help, Version, UnknownOption, Convert, Exchange };
     Action action = Start;
     // The phonebook as given: the arguments that are no option, joined by blanks, so that an
     // unquoted path with blanks still names one file.
@@ -15,6 +15,10 @@ struct CommandLine {
     QString option; // the option that was not understood
     // --convert OLD [NEW]: the phonebook of the Windows version and, when given, the new file.
     QString convertFrom, convertTo;
+    // --export-vcard, --export-csv, --import-vcard, --import-csv FILE [PHONEBOOK] (the option as
+    // given), and --vcard3 for vCard 3.0 on export.
+    QString exchangeOption, exchangeFile, exchangePhonebook;
+    bool vcard3 = false;
 };
 
 // Reads the arguments after the program's name. "--help" and "-h", "--version" and "-v";
@@ -32,5 +36,10 @@ QStringList UsageLines();
 // kelvarin --convert OLD [NEW]: converts without a window; prints the new file's path and answers
 // 0, or prints one line and answers 1 (2 when OLD is missing).
 int RunConvert(const CommandLine& line);
+
+// kelvarin --export-vcard/--export-csv/--import-vcard/--import-csv FILE [PHONEBOOK]: exports every
+// contact or imports the file (duplicates completed) without a window; prints the summary of an
+// import and answers 0, or prints one line on the standard error and answers 1 (2 without FILE).
+int RunExchange(const CommandLine& line);
 
 } // namespace mMain

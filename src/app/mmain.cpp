@@ -188,6 +188,13 @@ int Run(int argc, char** argv) {
         QCoreApplication::setApplicationName(AppTitle());
         return RunConvert(asked);
     }
+    if (asked.action == CommandLine::Exchange) {
+        // No window: a photo too large for the card is scaled with the image classes alone.
+        QCoreApplication app(argc, argv);
+        QCoreApplication::setOrganizationName(AppTitle());
+        QCoreApplication::setApplicationName(AppTitle());
+        return RunExchange(asked);
+    }
     if (!displayNamed(raw)) {
         printLines(stderr, {mLanguageGobals::msgNoDisplay});
         return 1;

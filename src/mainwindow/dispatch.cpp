@@ -100,6 +100,14 @@ bool Form1::Dispatch(CommandBarAction& Control) {
     case cmd::FileCompactDB:
         mnuFileCompactDB_Click();
         break;
+    case cmd::FileImport:
+        mnuFileImport_Click();
+        break;
+    case cmd::FileExportAll:
+    case cmd::FileExportList:
+    case cmd::FileExportSelected:
+        mnuFileExport_Click(id);
+        break;
     case cmd::AccessFull:
     case cmd::AccessReadOnly:
         SwithAccessMode(id == cmd::AccessFull);

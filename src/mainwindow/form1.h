@@ -143,6 +143,8 @@ class Form1 : public QMainWindow, public mTV::MainWindow {
     void mnuFileInfo_Click();
     void mnuFileClearDB_Click();
     void mnuFileCompactDB_Click();
+    void mnuFileImport_Click();
+    void mnuFileExport_Click(int id);
     void mnuFileExit_Click();
     // Opens `path` as File > Open does once a file is chosen (a phonebook handed over by a second start).
     void OpenPhonebook(const QString& path);

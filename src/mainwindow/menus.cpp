@@ -268,6 +268,11 @@ void Form1::buildFileMenu(QMenu* file) {
     cb.AddButton(file, kPlain, cmd::FileInfo, msgDatabaseInfo, true);
     cb.AddButton(file, kPlain, cmd::FileClearDB, msgClearDatabase);
     cb.AddButton(file, kPlain, cmd::FileCompactDB, msgCompactDatabase);
+    cb.AddButton(file, kPlain, cmd::FileImport, msgExImport, true);
+    QMenu* exporting = cb.AddPopup(file, msgExExport);
+    cb.AddButton(exporting, kPlain, cmd::FileExportAll, msgExExportAll);
+    cb.AddButton(exporting, kPlain, cmd::FileExportList, msgExExportList);
+    cb.AddButton(exporting, kPlain, cmd::FileExportSelected, msgExExportSelected);
     QMenu* recent = cb.AddPopup(file, msgRecentFiles);
     for (int n = cmd::RecentFirst; n <= cmd::RecentLast; ++n)
         cb.AddButton(recent, kPlain, n, QStringLiteral("-"))->SetVisible(false);

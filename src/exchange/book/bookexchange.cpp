@@ -1,0 +1,495 @@
+#include "exchange/book/bookexchange.h"
+
+#include "card/cardrecord.h"
+#include "card/cardtext.h"
+#include "core/error.h"
+#include "core/globals.h"
+#include "core/language.h"
+#include "exchange/csvmap.h"
+#include "exchange/csvreader.h"
+#include "exchange/csvwriter.h"
+#include "exchange/vcardmap.h"
+#include "exchange/vcardreader.h"
+#include "phonebook/catpath.h"
+#include "phonebook/lookups.h"
+#include "phonebook/store/dao.h"
+#include "phonebook/storedphoto.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QHash>
+#include <QImage>
+#include <QMap>
+#include <QSet>
+
+#include <array>
+
+using exchange::ContactRecord;
+using exchange::NumberRow;
+using namespace mLanguageGobals;
+
+namespace mExchange {
+
+namespace {
+
+const char* const kTextFields[] = {"FullName", "Title", "Company", "Address",
+                                   "City",     "State", "Zip",     "Comment"};
+
+QString* TextOf(ContactRecord& r, int i) {
+    QString* fields[] = {&r.FullName, &r.Title, &r.Company, &r.Address,
+                         &r.City,     &r.State, &r.Zip,     &r.Comment};
+    return fields[i];
+}
+
+QString Col(const char* name, int n) {
+    return QString::fromLatin1(name) + QString::number(n);
+}
+
+// Number types by name and by id, made on demand.
+class TypeTable {
+  public:
+    TypeTable() {
+        dao::Recordset rs =
+            gDB.OpenRecordset(QStringLiteral("SELECT IDTYPE, Type FROM Types"), dao::dbOpenSnapshot);
+        for (; !rs.AtEOF(); rs.MoveNext()) {
+            const qint32 id = qint32(rs.LongAt(0));
+            const QString name = rs.Text(1);
+            m_byId.insert(id, name);
+            if (!m_byName.contains(name.toLower())) m_byName.insert(name.toLower(), id);
+            m_max = qMax(m_max, id);
+        }
+        rs.Close();
+    }
+    QString name(qint32 id) const { return m_byId.value(id); }
+    qint32 id(const QString& name) {
+        const auto found = m_byName.constFind(name.toLower());
+        if (found != m_byName.constEnd()) return found.value();
+        const qint32 id = ++m_max;
+        dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM Types WHERE IDTYPE = -1"));
+        rs.AddNew();
+        rs.SetValue(QStringLiteral("IDTYPE"), id);
+        rs.SetValue(QStringLiteral("Type"), name);
+        rs.Update();
+        rs.Close();
+        m_byId.insert(id, name);
+        m_byName.insert(name.toLower(), id);
+        return id;
+    }
+
+  private:
+    QHash<qint32, QString> m_byId;
+    QHash<QString, qint32> m_byName;
+    qint32 m_max = 0;
+};
+
+// The nodes of one tree: paths of names below the root, and nodes made on demand.
+class TreeTable {
+  public:
+    explicit TreeTable(qint16 mode) : m_mode(mode) {
+        dao::Recordset rs = gDB.OpenRecordset(
+            QStringLiteral("SELECT ID, Name, IDPARENT, Pedigree FROM %1").arg(mTV::TreeTable(mode)),
+            dao::dbOpenSnapshot);
+        for (; !rs.AtEOF(); rs.MoveNext()) {
+            Node n{rs.Text(1), qint32(rs.LongAt(2)), rs.Text(3)};
+            const qint32 id = qint32(rs.LongAt(0));
+            m_nodes.insert(id, n);
+            m_children.insert(key(n.parent, n.name), id);
+            m_max = qMax(m_max, id);
+        }
+        rs.Close();
+    }
+    // Names below the root; empty for the root or an unknown node.
+    QStringList path(qint32 id) const {
+        QStringList names;
+        for (int guard = 0; id > 0 && guard < 1000; ++guard) {
+            const auto it = m_nodes.constFind(id);
+            if (it == m_nodes.constEnd()) return {};
+            names.prepend(it->name);
+            id = it->parent;
+        }
+        return names;
+    }
+    qint32 node(const QStringList& path) {
+        qint32 id = 0;
+        for (const QString& name : path) {
+            const auto found = m_children.constFind(key(id, name));
+            id = found != m_children.constEnd() ? found.value() : add(id, name);
+        }
+        return id;
+    }
+
+  private:
+    struct Node {
+        QString name;
+        qint32 parent;
+        QString pedigree;
+    };
+    static QString key(qint32 parent, const QString& name) {
+        return QString::number(parent) + QLatin1Char('/') + name;
+    }
+    qint32 add(qint32 parent, const QString& name) {
+        const qint32 id = ++m_max;
+        const QString pedigree = m_nodes.value(parent).pedigree + QStringLiteral("ID%1E").arg(id);
+        dao::Recordset rs =
+            gDB.OpenRecordset(QStringLiteral("SELECT * FROM %1 WHERE ID = -1").arg(mTV::TreeTable(m_mode)));
+        rs.AddNew();
+        rs.SetValue(QStringLiteral("ID"), id);
+        rs.SetValue(QStringLiteral("Name"), name);
+        rs.SetValue(QStringLiteral("IDPARENT"), parent);
+        rs.SetValue(QStringLiteral("Pedigree"), pedigree);
+        rs.Update();
+        rs.Close();
+        m_nodes.insert(id, {name, parent, pedigree});
+        m_children.insert(key(parent, name), id);
+        // The readable path is spelled from the pedigree once the row stands.
+        gDB.Execute(QStringLiteral("UPDATE %1 SET Catpath = '%2' WHERE ID = %3")
+                        .arg(mTV::TreeTable(m_mode), QString(mLV::UpdateCatPath(pedigree, m_mode))
+                                                         .replace(QLatin1Char('\''), QStringLiteral("''")))
+                        .arg(id));
+        return id;
+    }
+    qint16 m_mode;
+    QHash<qint32, Node> m_nodes;
+    QHash<QString, qint32> m_children;
+    qint32 m_max = 0;
+};
+
+QString NormalName(const QString& name) {
+    return name.simplified().toCaseFolded();
+}
+
+QString NormalNumber(const QString& value) {
+    QString out;
+    for (const QChar c : value)
+        if (!c.isSpace() && c != QLatin1Char('-') && c != QLatin1Char('(') && c != QLatin1Char(')') &&
+            c != QLatin1Char('.'))
+            out += c.toCaseFolded();
+    return out;
+}
+
+// The contacts already there, by full name, with their numbers.
+struct Known {
+    qint32 idcd;
+    QSet<QString> numbers;
+};
+
+QMultiHash<QString, Known> KnownContacts() {
+    QMultiHash<QString, Known> known;
+    QString sql = QStringLiteral("SELECT IDCD, FullName");
+    for (int n = 1; n <= exchange::kNumberRows; ++n)
+        sql += QStringLiteral(", Number%1").arg(n);
+    dao::Recordset rs = gDB.OpenRecordset(sql + QStringLiteral(" FROM CDs"), dao::dbOpenSnapshot);
+    for (; !rs.AtEOF(); rs.MoveNext()) {
+        Known k{qint32(rs.LongAt(0)), {}};
+        for (int n = 1; n <= exchange::kNumberRows; ++n)
+            if (const QString v = NormalNumber(rs.Text(n + 1)); !v.isEmpty()) k.numbers.insert(v);
+        known.insert(NormalName(rs.Text(1)), k);
+    }
+    rs.Close();
+    return known;
+}
+
+// The existing contact a record repeats, 0 when none.
+qint32 DuplicateOf(const QMultiHash<QString, Known>& known, const ContactRecord& r) {
+    const QString name = NormalName(r.FullName);
+    if (name.isEmpty()) return 0;
+    for (auto it = known.constFind(name); it != known.constEnd() && it.key() == name; ++it)
+        for (const NumberRow& row : r.Numbers)
+            if (it->numbers.contains(NormalNumber(row.value))) return it->idcd;
+    return 0;
+}
+
+QVariant TextOrNull(const QString& text) {
+    return text.isEmpty() ? QVariant() : QVariant(text);
+}
+
+void WritePhoto(dao::Recordset& rs, const ContactRecord& r, QStringList& notes) {
+    if (r.Photo.isEmpty()) return;
+    QString ext = r.PhotoExt;
+    const QByteArray file = FittedPhoto(r.Photo, &ext);
+    if (file.isEmpty()) {
+        notes << msgExNotePhotoUnreadable.arg(r.FullName);
+        return;
+    }
+    if (file.size() != r.Photo.size()) notes << msgExNotePhotoScaled.arg(r.FullName);
+    rs.SetValue(QStringLiteral("Photo"), mPhotoStore::StoredPhotoBytes(file));
+    rs.SetValue(QStringLiteral("PhotoExt"), TextOrNull(ext.left(15)));
+    rs.SetValue(QStringLiteral("PhotoSize"), double(file.size()));
+}
+
+} // namespace
+
+int CountDuplicates(const QList<ContactRecord>& records) {
+    HUNT_PLACE("mExchange.CountDuplicates", records.size());
+    const QMultiHash<QString, Known> known = KnownContacts();
+    int count = 0;
+    for (const ContactRecord& r : records)
+        count += DuplicateOf(known, r) != 0;
+    return count;
+}
+
+QString ImportSummary::text() const {
+    return msgExSummary.arg(imported).arg(merged).arg(skipped);
+}
+
+QByteArray FittedPhoto(const QByteArray& file, QString* ext) {
+    if (file.size() <= mPhotoStore::kMaxPhotoFile) {
+        if (ext && ext->isEmpty()) *ext = exchange::PictureExtension(file);
+        return file;
+    }
+    QImage image;
+    if (!image.loadFromData(file)) return {};
+    for (int quality = 85;; quality -= 5) {
+        QByteArray out;
+        QBuffer buffer(&out);
+        buffer.open(QIODevice::WriteOnly);
+        image.save(&buffer, "JPG", qMax(quality, 50));
+        if (out.size() <= mPhotoStore::kMaxPhotoFile) {
+            if (ext) *ext = QStringLiteral("jpg");
+            return out;
+        }
+        if (quality <= 50)
+            image = image.scaled(image.size() * 0.8, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        if (image.width() < 8) return {};
+    }
+}
+
+ImportSummary ImportRecords(const QList<ContactRecord>& records, const ImportOptions& options) {
+    HUNT_PLACE("mExchange.ImportRecords", records.size());
+    ImportSummary summary;
+    dao::Transaction trans(gWS);
+    TypeTable types;
+    std::array<TreeTable, 3> trees{TreeTable(0), TreeTable(1), TreeTable(2)};
+    QMultiHash<QString, Known> known =
+        options.checkDuplicates ? KnownContacts() : QMultiHash<QString, Known>();
+    qint32 nextId = mCard::NextContactID();
+    qint64 nextNumber = mCommon::GetMaxNumber().toLongLong();
+
+    for (int i = 0; i < records.size(); ++i) {
+        if (options.progress && !options.progress(i, int(records.size()))) {
+            summary.cancelled = true;
+            return summary; // the transaction rolls back
+        }
+        const ContactRecord& r = records[i];
+        const QString who = r.FullName.isEmpty() ? msgExRecord.arg(i + 1) : r.FullName;
+        const qint32 existing = options.checkDuplicates ? DuplicateOf(known, r) : 0;
+        if (existing && options.duplicates == DuplicateAction::Skip) {
+            ++summary.skipped;
+            summary.notes << msgExNoteSkipped.arg(who);
+            continue;
+        }
+        if (r.Numbers.size() > exchange::kNumberRows) summary.notes << msgExNoteTooManyNumbers.arg(who);
+
+        if (existing && options.duplicates == DuplicateAction::Merge) {
+            dao::Recordset rs =
+                gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs WHERE IDCD = %1").arg(existing));
+            rs.Edit();
+            ContactRecord copy = r;
+            for (int f = 0; f < 8; ++f)
+                if (rs[QLatin1String(kTextFields[f])].toString().isEmpty() && !TextOf(copy, f)->isEmpty())
+                    rs.SetValue(QLatin1String(kTextFields[f]), *TextOf(copy, f));
+            QSet<QString> have;
+            QList<int> free;
+            for (int n = 1; n <= exchange::kNumberRows; ++n) {
+                const QString v = rs[Col("Number", n)].toString();
+                if (v.isEmpty())
+                    free << n;
+                else
+                    have.insert(NormalNumber(v));
+            }
+            for (const NumberRow& row : r.Numbers) {
+                if (free.isEmpty() || row.value.isEmpty() || have.contains(NormalNumber(row.value))) continue;
+                const int n = free.takeFirst();
+                rs.SetValue(Col("Number", n), row.value);
+                rs.SetValue(Col("Type", n), row.type.isEmpty() ? QVariant() : QVariant(types.id(row.type)));
+                have.insert(NormalNumber(row.value));
+            }
+            if (rs[QStringLiteral("PhotoSize")].isNull()) WritePhoto(rs, r, summary.notes);
+            rs.Update();
+            rs.Close();
+            ++summary.merged;
+            summary.notes << msgExNoteMerged.arg(who);
+            continue;
+        }
+
+        dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs WHERE IDCD = -1"));
+        rs.AddNew();
+        const qint32 id = nextId++;
+        rs.SetValue(QStringLiteral("IDCD"), id);
+        rs.SetValue(QStringLiteral("ContactNumber"), nextNumber++);
+        rs.SetValue(QStringLiteral("IDC"), r.CategoryPath.isEmpty() ? 1 : trees[0].node(r.CategoryPath));
+        rs.SetValue(QStringLiteral("IDX"), r.GroupPath.isEmpty() ? 1 : trees[1].node(r.GroupPath));
+        rs.SetValue(QStringLiteral("IDB"), r.Favorite ? trees[2].node(r.FavoritePath) : -1);
+        mCard::CardFields fields;
+        fields.Label = mCard::LabelOfCaption(mCard::LetterCaption(r.FullName, r.Company));
+        fields.FullName = TextOrNull(r.FullName);
+        fields.Title = TextOrNull(r.Title);
+        fields.Company = TextOrNull(r.Company);
+        fields.Address = TextOrNull(r.Address);
+        fields.City = TextOrNull(r.City);
+        fields.State = TextOrNull(r.State);
+        fields.Zip = TextOrNull(r.Zip);
+        fields.Comment = TextOrNull(r.Comment);
+        Known entry{id, {}};
+        for (int n = 1; n <= exchange::kNumberRows && n <= r.Numbers.size(); ++n) {
+            const NumberRow& row = r.Numbers[n - 1];
+            fields.Type[size_t(n)] = row.type.isEmpty() ? QVariant() : QVariant(types.id(row.type));
+            fields.Number[size_t(n)] = TextOrNull(row.value);
+            if (!row.value.isEmpty()) entry.numbers.insert(NormalNumber(row.value));
+        }
+        mCard::WriteCardFields(rs, fields);
+        WritePhoto(rs, r, summary.notes);
+        rs.Update();
+        rs.Close();
+        if (options.checkDuplicates) known.insert(NormalName(r.FullName), entry);
+        ++summary.imported;
+    }
+    if (options.progress && !options.progress(int(records.size()), int(records.size()))) {
+        summary = ImportSummary();
+        summary.cancelled = true;
+        return summary;
+    }
+    trans.Commit();
+    return summary;
+}
+
+namespace {
+
+ContactRecord RecordOfRow(const dao::Recordset& rs, const TypeTable& types,
+                          const std::array<TreeTable, 3>& trees) {
+    ContactRecord r;
+    for (int f = 0; f < 8; ++f)
+        *TextOf(r, f) = rs[QLatin1String(kTextFields[f])].toString();
+    for (int n = 1; n <= exchange::kNumberRows; ++n) {
+        const QString value = rs[Col("Number", n)].toString();
+        const QVariant type = rs[Col("Type", n)];
+        if (value.isEmpty() && type.isNull()) continue;
+        r.Numbers.append({type.isNull() ? QString() : types.name(type.toInt()), value});
+    }
+    const QVariant size = rs[QStringLiteral("PhotoSize")];
+    if (!size.isNull()) {
+        r.Photo = mPhotoStore::PhotoFileBytes(rs[QStringLiteral("Photo")].toByteArray(), size);
+        r.PhotoExt = rs[QStringLiteral("PhotoExt")].toString();
+    }
+    const QVariant idc = rs[QStringLiteral("IDC")], idx = rs[QStringLiteral("IDX")],
+                   idb = rs[QStringLiteral("IDB")];
+    if (!idc.isNull()) r.CategoryPath = trees[0].path(idc.toInt());
+    if (!idx.isNull()) r.GroupPath = trees[1].path(idx.toInt());
+    if (!idb.isNull() && idb.toInt() != -1) {
+        r.Favorite = true;
+        r.FavoritePath = trees[2].path(idb.toInt());
+    }
+    return r;
+}
+
+} // namespace
+
+bool ForEachContact(const QList<qint32>& ids, const std::function<bool(const ContactRecord&)>& write,
+                    const Progress& progress) {
+    HUNT_PLACE("mExchange.ForEachContact", ids.size());
+    const TypeTable types;
+    const std::array<TreeTable, 3> trees{TreeTable(0), TreeTable(1), TreeTable(2)};
+    int total = int(ids.size());
+    if (ids.isEmpty()) {
+        dao::Recordset count =
+            gDB.OpenRecordset(QStringLiteral("SELECT Count(*) FROM CDs"), dao::dbOpenSnapshot);
+        total = int(count.LongAt(0));
+        count.Close();
+    }
+    int done = 0;
+    auto step = [&](const dao::Recordset& rs) {
+        if (progress && !progress(done, total)) return false;
+        ++done;
+        return write(RecordOfRow(rs, types, trees));
+    };
+    if (ids.isEmpty()) {
+        dao::Recordset rs =
+            gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs ORDER BY IDCD"), dao::dbOpenForwardOnly);
+        for (; !rs.AtEOF(); rs.MoveNext())
+            if (!step(rs)) return false;
+        rs.Close();
+    } else {
+        for (const qint32 id : ids) {
+            dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs WHERE IDCD = %1").arg(id),
+                                                  dao::dbOpenSnapshot);
+            if (!rs.AtEOF() && !step(rs)) return false;
+            rs.Close();
+        }
+    }
+    return !progress || progress(total, total);
+}
+
+ContactRecord RecordOfContact(qint32 idcd) {
+    ContactRecord found;
+    ForEachContact({idcd}, [&found](const ContactRecord& r) {
+        found = r;
+        return true;
+    });
+    return found;
+}
+
+bool ExportVCard(QIODevice* device, const QList<qint32>& ids, exchange::VCardVersion version,
+                 const Progress& progress) {
+    exchange::VCardWriter writer(device, version);
+    return ForEachContact(
+        ids, [&writer](const ContactRecord& r) { return writer.write(r); }, progress);
+}
+
+bool ExportCsv(QIODevice* device, const QList<qint32>& ids, const Progress& progress) {
+    const QList<exchange::CsvColumn> columns = exchange::KelvarinCsvColumns();
+    QStringList header;
+    for (const exchange::CsvColumn& c : columns)
+        header << exchange::KelvarinCsvHeader(c);
+    exchange::CsvWriter writer(device);
+    if (!writer.write(header)) return false;
+    return ForEachContact(
+        ids, [&](const ContactRecord& r) { return writer.write(exchange::CsvValues(columns, r)); }, progress);
+}
+
+namespace {
+
+void OpenForReading(QFile& file) {
+    if (!file.open(QIODevice::ReadOnly))
+        throw HuntERR::Error(53, msgExCannotOpen.arg(file.fileName(), file.errorString()));
+}
+
+} // namespace
+
+QList<ContactRecord> ReadVCardFile(const QString& path, QStringList* problems) {
+    HUNT_PLACE("mExchange.ReadVCardFile", path);
+    QFile file(path);
+    OpenForReading(file);
+    exchange::VCardReader reader(&file);
+    QList<ContactRecord> records;
+    exchange::VCardContact card;
+    while (reader.next(card)) {
+        if (problems)
+            for (const exchange::VCardProblem& p : card.problems)
+                *problems << exchange::ProblemText(p);
+        if (!card.properties.isEmpty()) records << exchange::RecordFromVCard(card);
+    }
+    if (problems)
+        for (const exchange::VCardProblem& p : reader.problems())
+            *problems << exchange::ProblemText(p);
+    return records;
+}
+
+QList<ContactRecord> ReadCsvFile(const QString& path, QStringList* problems) {
+    HUNT_PLACE("mExchange.ReadCsvFile", path);
+    QFile file(path);
+    OpenForReading(file);
+    exchange::CsvReader reader(&file);
+    QStringList header, row;
+    QList<ContactRecord> records;
+    if (!reader.next(header)) return records;
+    const QList<exchange::CsvColumn> mapping =
+        exchange::CsvMapping(exchange::DetectCsvPreset(header), header);
+    while (reader.next(row))
+        records << exchange::RecordFromCsv(mapping, header, row);
+    if (problems)
+        for (const exchange::CsvProblem& p : reader.problems())
+            *problems << exchange::ProblemText(p);
+    return records;
+}
+
+} // namespace mExchange

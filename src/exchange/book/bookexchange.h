@@ -1,0 +1,82 @@
+#pragma once
+// Contacts of the open phonebook in and out of the exchange formats. An import adds a list of
+// contact records in one transaction: the number types and tree places it names are made when
+// the phonebook lacks them, photos are stored in the card's form (scaled down when the file is
+// larger than the card takes), and a contact that is already there (same full name and a number
+// or address in common) is skipped, added again or completed, as the caller chooses. Cancel or
+// an error leaves the phonebook as it was. An export writes one contact at a time, so memory
+// stays flat whatever the size of the phonebook.
+
+#include "exchange/contactrecord.h"
+#include "exchange/vcardwriter.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <functional>
+
+class QIODevice;
+
+namespace mExchange {
+
+// What happens to a record whose contact the phonebook already has.
+enum class DuplicateAction {
+    Skip,  // the record is left out
+    Add,   // it is added as a contact of its own
+    Merge, // the empty fields of the existing contact are filled from it
+};
+
+// Told how far the work is (records or contacts done of total); answers false to cancel.
+using Progress = std::function<bool(int done, int total)>;
+
+struct ImportOptions {
+    DuplicateAction duplicates = DuplicateAction::Merge;
+    // Look for duplicates at all; callers pass the user's preference (DuplicateWarning).
+    bool checkDuplicates = true;
+    Progress progress;
+};
+
+struct ImportSummary {
+    int imported = 0;
+    int merged = 0;
+    int skipped = 0;
+    bool cancelled = false; // nothing was kept
+    QStringList notes;      // one line a record skipped or changed on the way, and why
+    // One line for the user: "12 imported, 1 merged, 2 skipped".
+    QString text() const;
+};
+
+// Adds the records to the open phonebook in one transaction. Nothing is kept when the progress
+// callback cancels or something fails (the error is thrown on).
+ImportSummary ImportRecords(const QList<exchange::ContactRecord>& records, const ImportOptions& options = {});
+
+// How many of the records the phonebook already has (same full name and a number or address in
+// common), to ask the user before an import.
+int CountDuplicates(const QList<exchange::ContactRecord>& records);
+
+// A photo file's bytes made to fit the card's limit: unchanged when small enough, else the picture
+// scaled down step by step and saved as JPEG; empty when the picture cannot be read. `ext` is set
+// to the extension of the bytes answered.
+QByteArray FittedPhoto(const QByteArray& file, QString* ext);
+
+// The contact IDCD of the open phonebook as a record.
+exchange::ContactRecord RecordOfContact(qint32 idcd);
+
+// The contacts of `ids` (every contact when empty), in IDCD order, one at a time to `write`.
+// False when `write` fails or the progress callback cancels.
+bool ForEachContact(const QList<qint32>& ids,
+                    const std::function<bool(const exchange::ContactRecord&)>& write,
+                    const Progress& progress = {});
+
+// Exports the contacts to an open device as vCard or as Kelvarin's CSV. False when cancelled or
+// when the device refused the bytes.
+bool ExportVCard(QIODevice* device, const QList<qint32>& ids,
+                 exchange::VCardVersion version = exchange::VCardVersion::V40, const Progress& progress = {});
+bool ExportCsv(QIODevice* device, const QList<qint32>& ids, const Progress& progress = {});
+
+// The records of a vCard or CSV file (CSV mapped by the preset its header names). Problems of
+// the file go to `problems` as lines for the user. Throws when the file cannot be read.
+QList<exchange::ContactRecord> ReadVCardFile(const QString& path, QStringList* problems = nullptr);
+QList<exchange::ContactRecord> ReadCsvFile(const QString& path, QStringList* problems = nullptr);
+
+} // namespace mExchange
