@@ -77,8 +77,9 @@ bool ImportWithDialogs(QWidget* owner) {
     options.duplicates = DuplicateAction::Add;
     if (DuplicateWarning) {
         if (const int repeated = CountDuplicates(records); repeated > 0) {
-            switch (MsgBox(msgExDuplicatesFound.arg(repeated), vb::vbYesNoCancel, vb::vbQuestion,
-                           msgExImportTitle)) {
+            switch (
+                MsgBox(msgExDuplicatesFound.arg(repeated) + QStringLiteral("\n\n") + msgExDuplicatesChoice,
+                       vb::vbYesNoCancel, vb::vbQuestion, msgExImportTitle)) {
             case vb::vbYes:
                 options.duplicates = DuplicateAction::Merge;
                 break;
