@@ -13,16 +13,18 @@ void Form1::mnuFileImport_Click() {
 
 void Form1::mnuFileExport_Click(int id) {
     HUNT_PLACE("Form1.mnuFileExport_Click", id);
+    std::vector<ListItem*> rows;
+    if (id == cmd::FileExportSelected) {
+        rows = ListView2->SelectedItems();
+    } else if (id == cmd::FileExportList) {
+        for (int n = 1; n <= ListView2->ListItems.Count(); ++n)
+            rows.push_back(ListView2->ListItems(n));
+    }
     QList<qint32> ids;
-    if (id != cmd::FileExportAll) {
-        const ListItemCollection& rows = ListView2->ListItems;
-        for (int n = 1; n <= rows.Count(); ++n) {
-            const ListItem* row = rows(n);
-            if (id == cmd::FileExportSelected && !row->Selected()) continue;
-            bool number = false;
-            const qint32 idcd = row->Key().mid(2).toInt(&number); // keys are "ID" and the IDCD
-            if (number) ids << idcd;
-        }
+    for (const ListItem* row : rows) {
+        bool number = false;
+        const qint32 idcd = row->Key().mid(2).toInt(&number); // keys are "ID" and the IDCD
+        if (number) ids << idcd;
     }
     mExchange::ExportWithDialogs(this, ids, id == cmd::FileExportAll);
 }

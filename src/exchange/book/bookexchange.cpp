@@ -264,6 +264,8 @@ ImportSummary ImportRecords(const QList<ContactRecord>& records, const ImportOpt
         options.checkDuplicates ? KnownContacts() : QMultiHash<QString, Known>();
     qint32 nextId = mCard::NextContactID();
     qint64 nextNumber = mCommon::GetMaxNumber().toLongLong();
+    dao::Recordset adding;
+    bool addingOpen = false;
 
     for (int i = 0; i < records.size(); ++i) {
         if (options.progress && !options.progress(i, int(records.size()))) {
@@ -312,7 +314,12 @@ ImportSummary ImportRecords(const QList<ContactRecord>& records, const ImportOpt
             continue;
         }
 
-        dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs WHERE IDCD = -1"));
+        // One recordset takes every new row.
+        if (!addingOpen) {
+            adding = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs WHERE IDCD = -1"));
+            addingOpen = true;
+        }
+        dao::Recordset& rs = adding;
         rs.AddNew();
         const qint32 id = nextId++;
         rs.SetValue(QStringLiteral("IDCD"), id);
@@ -340,7 +347,6 @@ ImportSummary ImportRecords(const QList<ContactRecord>& records, const ImportOpt
         mCard::WriteCardFields(rs, fields);
         WritePhoto(rs, r, summary.notes);
         rs.Update();
-        rs.Close();
         if (options.checkDuplicates) known.insert(NormalName(r.FullName), entry);
         ++summary.imported;
     }
