@@ -39,7 +39,7 @@ class Form19 : public FormDialog {
     void bnOK_Click();
     void bnCancel_Click();
     // Stores a new type with the next IDTYPE; answers that number.
-    qint32 CreateType(const QString& pNewType);
+    static qint32 CreateType(const QString& pNewType);
     // The number of stored types named like Trim(fdNewType).
     int CheckExistType() const;
 

@@ -2,6 +2,7 @@
 
 #include "card/cardrecord.h"
 #include "card/cardtext.h"
+#include "card/form19.h"
 #include "core/error.h"
 #include "core/globals.h"
 #include "core/language.h"
@@ -56,7 +57,6 @@ class TypeTable {
             const QString name = rs.Text(1);
             m_byId.insert(id, name);
             if (!m_byName.contains(name.toLower())) m_byName.insert(name.toLower(), id);
-            m_max = qMax(m_max, id);
         }
         rs.Close();
     }
@@ -64,13 +64,7 @@ class TypeTable {
     qint32 id(const QString& name) {
         const auto found = m_byName.constFind(name.toLower());
         if (found != m_byName.constEnd()) return found.value();
-        const qint32 id = ++m_max;
-        dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM Types WHERE IDTYPE = -1"));
-        rs.AddNew();
-        rs.SetValue(QStringLiteral("IDTYPE"), id);
-        rs.SetValue(QStringLiteral("Type"), name);
-        rs.Update();
-        rs.Close();
+        const qint32 id = Form19::CreateType(name);
         m_byId.insert(id, name);
         m_byName.insert(name.toLower(), id);
         return id;
@@ -79,7 +73,6 @@ class TypeTable {
   private:
     QHash<qint32, QString> m_byId;
     QHash<QString, qint32> m_byName;
-    qint32 m_max = 0;
 };
 
 // The nodes of one tree: paths of names below the root, and nodes made on demand.
