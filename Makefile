@@ -1,7 +1,8 @@
 # Kelvarin: thin front over CMake. Every package the build needs comes from Debian.
 PACKAGES := g++ cmake make ccache pkg-config qt6-base-dev qt6-base-dev-tools qt6-image-formats-plugins \
             libgl-dev qt6-svg-dev libsqlite3-dev mdbtools-dev libgcrypt20-dev libgtest-dev libgmock-dev \
-            libbenchmark-dev xvfb xauth clang-format desktop-file-utils chromium libxcb1-dev
+            libbenchmark-dev xvfb xauth clang-format desktop-file-utils chromium libxcb1-dev \
+            qtkeychain-qt6-dev radicale
 BUILD    ?= build
 PREFIX   ?= /usr/local
 JOBS     ?= $(shell nproc 2>/dev/null || echo 2)

@@ -25,6 +25,7 @@ const QList<QStringList>& Layers() {
         {"reports"},
         {"access"},
         {"exchange"},
+        {"sync"}, // address-book servers
         {"mainwindow"},
         {"app", "main.cpp"},
     };
