@@ -188,6 +188,31 @@ TableDef AccessMode() {
         .t;
 }
 
+TableDef SyncAccount() {
+    return Def("SyncAccount")
+        .f("Server", dbMemo, 0, ZL)
+        .f("UserName", dbText, 255, ZL)
+        .f("AddressBook", dbMemo, 0, ZL)
+        .f("BookName", dbText, 255, ZL)
+        .f("Interval", dbLong, 0, false, 0)
+        .f("SyncCollection", dbBoolean)
+        .f("SyncToken", dbMemo, 0, ZL)
+        .f("LastSync", dbDate)
+        .f("LastSummary", dbMemo, 0, ZL)
+        .t;
+}
+
+TableDef SyncState() {
+    return Def("SyncState")
+        .f("IDCD", dbLong)
+        .f("Added", dbText, 50, ZL)
+        .f("Href", dbMemo, 0, ZL)
+        .f("ETag", dbText, 255, ZL)
+        .f("UID", dbText, 255, ZL)
+        .f("Base", dbMemo, 0, ZL)
+        .t;
+}
+
 std::vector<TableDef> All() {
     return {CDs(),        Types(), Paths(),   Elements(),    SearchWhat(), SearchWhere(),
             Categories(), Boxes(), Borrows(), LoanHistory(), AccessMode()};

@@ -18,6 +18,12 @@ dao::TableDef Borrows();
 dao::TableDef LoanHistory();
 dao::TableDef AccessMode();
 
+// What a sync with an address-book server remembers: the account (one row) and, per contact,
+// its resource on the server and the version both sides last agreed on. Not part of All(): the
+// upgrade adds them to every phonebook that is opened for writing.
+dao::TableDef SyncAccount();
+dao::TableDef SyncState();
+
 // All eleven, in the order a new phonebook creates them.
 std::vector<dao::TableDef> All();
 

@@ -153,6 +153,15 @@ void FixNullIDX() {
     trans.Commit();
 }
 
+void AddSyncTables() {
+    HUNT_PLACE("mAccess.AddSyncTables");
+    dao::Transaction trans(gWS);
+    dao::TableDefs defs = gDB.TableDefs();
+    defs.Append(mSchema::SyncAccount());
+    defs.Append(mSchema::SyncState());
+    trans.Commit();
+}
+
 void UpgradeChain() {
     HUNT_PLACE("mAccess.UpgradeChain");
     if (!CheckTable(QStringLiteral("Categories"))) CreateCategoryRoot();
@@ -160,6 +169,8 @@ void UpgradeChain() {
     if (!CheckTable(QStringLiteral("Boxes"))) CreateBoxes();
     if (!CheckTableField(QStringLiteral("CDs"), QStringLiteral("Photo"))) AddTableField6();
     FixNullIDX();
+    // A file opened read-only keeps its tables; it cannot be synced anyway.
+    if (!gFileReadOnly && !CheckTable(QStringLiteral("SyncState"))) AddSyncTables();
 }
 
 } // namespace mAccess

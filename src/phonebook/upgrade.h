@@ -12,6 +12,7 @@ void AddTableField5();
 void CreateBoxes();
 void AddTableField6();
 void FixNullIDX();
-// The five steps in their order, each guarded by its own test.
+void AddSyncTables();
+// The steps in their order, each guarded by its own test.
 void UpgradeChain();
 } // namespace mAccess

@@ -17,6 +17,7 @@
 #include "phonebook/storedphoto.h"
 
 #include <QBuffer>
+#include <QDateTime>
 #include <QFile>
 #include <QHash>
 #include <QImage>
@@ -147,10 +148,6 @@ class TreeTable {
     qint32 m_max = 0;
 };
 
-QString NormalName(const QString& name) {
-    return name.simplified().toCaseFolded();
-}
-
 QString NormalNumber(const QString& value) {
     QString out;
     for (const QChar c : value)
@@ -210,7 +207,42 @@ void WritePhoto(dao::Recordset& rs, const ContactRecord& r, QStringList& notes) 
     rs.SetValue(QStringLiteral("PhotoSize"), double(file.size()));
 }
 
+// Writes every field of a record into a row in AddNew or Edit: the tree places, the card's
+// fields, the number rows (left empty past the record's) and the photo.
+void WriteRecord(dao::Recordset& rs, const ContactRecord& r, TypeTable& types, std::array<TreeTable, 3>& trees,
+                 QStringList& notes, bool clearPhoto) {
+    rs.SetValue(QStringLiteral("IDC"), r.CategoryPath.isEmpty() ? 1 : trees[0].node(r.CategoryPath));
+    rs.SetValue(QStringLiteral("IDX"), r.GroupPath.isEmpty() ? 1 : trees[1].node(r.GroupPath));
+    rs.SetValue(QStringLiteral("IDB"), r.Favorite ? trees[2].node(r.FavoritePath) : -1);
+    mCard::CardFields fields;
+    fields.Label = mCard::LabelOfCaption(mCard::LetterCaption(r.FullName, r.Company));
+    fields.FullName = TextOrNull(r.FullName);
+    fields.Title = TextOrNull(r.Title);
+    fields.Company = TextOrNull(r.Company);
+    fields.Address = TextOrNull(r.Address);
+    fields.City = TextOrNull(r.City);
+    fields.State = TextOrNull(r.State);
+    fields.Zip = TextOrNull(r.Zip);
+    fields.Comment = TextOrNull(r.Comment);
+    for (int n = 1; n <= exchange::kNumberRows && n <= r.Numbers.size(); ++n) {
+        const NumberRow& row = r.Numbers[n - 1];
+        fields.Type[size_t(n)] = row.type.isEmpty() ? QVariant() : QVariant(types.id(row.type));
+        fields.Number[size_t(n)] = TextOrNull(row.value);
+    }
+    mCard::WriteCardFields(rs, fields);
+    if (clearPhoto && r.Photo.isEmpty()) {
+        rs.SetValue(QStringLiteral("Photo"), QVariant());
+        rs.SetValue(QStringLiteral("PhotoExt"), QVariant());
+        rs.SetValue(QStringLiteral("PhotoSize"), QVariant());
+    }
+    WritePhoto(rs, r, notes);
+}
+
 } // namespace
+
+QString NormalName(const QString& name) {
+    return name.simplified().toCaseFolded();
+}
 
 int CountDuplicates(const QList<ContactRecord>& records) {
     HUNT_PLACE("mExchange.CountDuplicates", records.size());
@@ -317,28 +349,10 @@ ImportSummary ImportRecords(const QList<ContactRecord>& records, const ImportOpt
         const qint32 id = nextId++;
         rs.SetValue(QStringLiteral("IDCD"), id);
         rs.SetValue(QStringLiteral("ContactNumber"), nextNumber++);
-        rs.SetValue(QStringLiteral("IDC"), r.CategoryPath.isEmpty() ? 1 : trees[0].node(r.CategoryPath));
-        rs.SetValue(QStringLiteral("IDX"), r.GroupPath.isEmpty() ? 1 : trees[1].node(r.GroupPath));
-        rs.SetValue(QStringLiteral("IDB"), r.Favorite ? trees[2].node(r.FavoritePath) : -1);
-        mCard::CardFields fields;
-        fields.Label = mCard::LabelOfCaption(mCard::LetterCaption(r.FullName, r.Company));
-        fields.FullName = TextOrNull(r.FullName);
-        fields.Title = TextOrNull(r.Title);
-        fields.Company = TextOrNull(r.Company);
-        fields.Address = TextOrNull(r.Address);
-        fields.City = TextOrNull(r.City);
-        fields.State = TextOrNull(r.State);
-        fields.Zip = TextOrNull(r.Zip);
-        fields.Comment = TextOrNull(r.Comment);
         Known entry{id, {}};
-        for (int n = 1; n <= exchange::kNumberRows && n <= r.Numbers.size(); ++n) {
-            const NumberRow& row = r.Numbers[n - 1];
-            fields.Type[size_t(n)] = row.type.isEmpty() ? QVariant() : QVariant(types.id(row.type));
-            fields.Number[size_t(n)] = TextOrNull(row.value);
+        for (const NumberRow& row : r.Numbers.mid(0, exchange::kNumberRows))
             if (!row.value.isEmpty()) entry.numbers.insert(NormalNumber(row.value));
-        }
-        mCard::WriteCardFields(rs, fields);
-        WritePhoto(rs, r, summary.notes);
+        WriteRecord(rs, r, types, trees, summary.notes, false);
         rs.Update();
         if (options.checkDuplicates) known.insert(NormalName(r.FullName), entry);
         ++summary.imported;
@@ -489,6 +503,86 @@ QList<ContactRecord> ReadCsvFile(const QString& path, QStringList* problems) {
         for (const exchange::CsvProblem& p : reader.problems())
             *problems << exchange::ProblemText(p);
     return records;
+}
+
+bool SameContact(const ContactRecord& a, const ContactRecord& b) {
+    const QString name = NormalName(a.FullName);
+    if (name.isEmpty() || name != NormalName(b.FullName)) return false;
+    QSet<QString> numbers;
+    for (const NumberRow& row : a.Numbers)
+        if (const QString v = NormalNumber(row.value); !v.isEmpty()) numbers.insert(v);
+    for (const NumberRow& row : b.Numbers)
+        if (numbers.contains(NormalNumber(row.value))) return true;
+    return false;
+}
+
+namespace {
+
+QString AddedText(const QVariant& dateScan) {
+    return dateScan.toDateTime().toString(Qt::ISODate);
+}
+
+} // namespace
+
+void ForEachStoredContact(const std::function<bool(const StoredContact&)>& visit) {
+    HUNT_PLACE("mExchange.ForEachStoredContact");
+    const TypeTable types;
+    const std::array<TreeTable, 3> trees{TreeTable(0), TreeTable(1), TreeTable(2)};
+    dao::Recordset rs =
+        gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs ORDER BY IDCD"), dao::dbOpenForwardOnly);
+    StoredContact c;
+    for (; !rs.AtEOF(); rs.MoveNext()) {
+        c.idcd = qint32(rs[QStringLiteral("IDCD")].toInt());
+        c.added = AddedText(rs[QStringLiteral("DateScan")]);
+        c.record = RecordOfRow(rs, types, trees);
+        if (!visit(c)) break;
+    }
+    rs.Close();
+}
+
+struct RecordWriter::Impl {
+    TypeTable types;
+    std::array<TreeTable, 3> trees{TreeTable(0), TreeTable(1), TreeTable(2)};
+    qint32 nextId = mCard::NextContactID();
+    qint64 nextNumber = mCommon::GetMaxNumber().toLongLong();
+};
+
+RecordWriter::RecordWriter() : d(std::make_unique<Impl>()) {}
+
+RecordWriter::~RecordWriter() = default;
+
+qint32 RecordWriter::add(const ContactRecord& r, QString* added, QStringList* notes) {
+    HUNT_PLACE("mExchange.RecordWriter.add", r.FullName);
+    QStringList ignored;
+    const qint32 id = d->nextId++;
+    const QDateTime now = QDateTime::fromSecsSinceEpoch(QDateTime::currentSecsSinceEpoch());
+    dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs WHERE IDCD = -1"));
+    rs.AddNew();
+    rs.SetValue(QStringLiteral("IDCD"), id);
+    rs.SetValue(QStringLiteral("ContactNumber"), d->nextNumber++);
+    rs.SetValue(QStringLiteral("DateScan"), now);
+    WriteRecord(rs, r, d->types, d->trees, notes ? *notes : ignored, false);
+    rs.Update();
+    rs.Close();
+    if (added) *added = AddedText(now);
+    return id;
+}
+
+bool RecordWriter::replace(qint32 idcd, const ContactRecord& r, QStringList* notes) {
+    HUNT_PLACE("mExchange.RecordWriter.replace", idcd);
+    QStringList ignored;
+    dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs WHERE IDCD = %1").arg(idcd));
+    if (rs.AtEOF()) return false;
+    rs.Edit();
+    WriteRecord(rs, r, d->types, d->trees, notes ? *notes : ignored, true);
+    // Number rows the record no longer has are emptied.
+    for (int n = int(r.Numbers.size()) + 1; n <= exchange::kNumberRows; ++n) {
+        rs.SetValue(Col("Type", n), QVariant());
+        rs.SetValue(Col("Number", n), QVariant());
+    }
+    rs.Update();
+    rs.Close();
+    return true;
 }
 
 } // namespace mExchange

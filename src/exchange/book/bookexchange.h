@@ -14,6 +14,7 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <memory>
 
 class QIODevice;
 
@@ -78,5 +79,41 @@ bool ExportCsv(QIODevice* device, const QList<qint32>& ids, const Progress& prog
 // the file go to `problems` as lines for the user. Throws when the file cannot be read.
 QList<exchange::ContactRecord> ReadVCardFile(const QString& path, QStringList* problems = nullptr);
 QList<exchange::ContactRecord> ReadCsvFile(const QString& path, QStringList* problems = nullptr);
+
+// A full name as the duplicate rule compares it: spacing and case set aside.
+QString NormalName(const QString& name);
+
+// The duplicate rule of an import: the same full name (case and spacing aside) and a number or
+// address in common.
+bool SameContact(const exchange::ContactRecord& a, const exchange::ContactRecord& b);
+
+// A contact of the open phonebook with its id and the moment it was added, which tells it apart
+// from a later contact that was given the same id.
+struct StoredContact {
+    qint32 idcd = 0;
+    QString added; // DateScan as ISO text
+    exchange::ContactRecord record;
+};
+
+// Every contact in IDCD order, in one pass; stops when `visit` answers false.
+void ForEachStoredContact(const std::function<bool(const StoredContact&)>& visit);
+
+// Adds and rewrites contacts from records inside the caller's transaction, making the number
+// types and tree places the records name.
+class RecordWriter {
+  public:
+    RecordWriter();
+    ~RecordWriter();
+    RecordWriter(const RecordWriter&) = delete;
+    RecordWriter& operator=(const RecordWriter&) = delete;
+    // Adds a contact; answers its IDCD, and its DateScan in `added`.
+    qint32 add(const exchange::ContactRecord& r, QString* added, QStringList* notes);
+    // Rewrites every field of contact `idcd`; false when there is no such contact.
+    bool replace(qint32 idcd, const exchange::ContactRecord& r, QStringList* notes);
+
+  private:
+    struct Impl;
+    std::unique_ptr<Impl> d;
+};
 
 } // namespace mExchange
