@@ -9,6 +9,9 @@
 #include "phonebook/login.h"
 #include "phonebook/upgrade.h"
 #include "preferences/settings.h"
+#include "sync/account.h"
+#include "sync/secrets.h"
+#include "sync/syncsession.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -26,6 +29,7 @@ CommandLine ReadCommandLine(const QStringList& arguments) {
     QStringList names;
     bool optionsEnded = false;
     bool convert = false;
+    bool sync = false;
     for (const QString& arg : arguments) {
         if (optionsEnded || !arg.startsWith(QLatin1Char('-')) || arg == QLatin1String("-")) {
             names << arg;
@@ -40,6 +44,8 @@ CommandLine ReadCommandLine(const QStringList& arguments) {
         } else if (arg == QLatin1String("--export-vcard") || arg == QLatin1String("--export-csv") ||
                    arg == QLatin1String("--import-vcard") || arg == QLatin1String("--import-csv")) {
             if (line.exchangeOption.isEmpty()) line.exchangeOption = arg;
+        } else if (arg == QLatin1String("--sync")) {
+            sync = true;
         } else if (arg == QLatin1String("--vcard3")) {
             line.vcard3 = true;
         } else if (line.option.isEmpty()) {
@@ -68,6 +74,8 @@ CommandLine ReadCommandLine(const QStringList& arguments) {
             line.option = names[2];
         }
     }
+    if (sync && line.action == CommandLine::Start && !convert && line.exchangeOption.isEmpty())
+        line.action = CommandLine::Sync;
     return line;
 }
 
@@ -78,16 +86,37 @@ QString PhonebookFromCommandLine(const QString& commandLine) {
 }
 
 QStringList UsageLines() {
-    return {msgUsage, msgUsageDetails, msgUsageConvert, msgUsageExchange,
+    return {msgUsage, msgUsageDetails, msgUsageConvert, msgUsageExchange, msgUsageSync,
             msgHelpPages.arg(mCommon::ProgramDataPath(QStringLiteral("help/index.html")))};
 }
 
 namespace {
+
 void printLine(std::FILE* to, const QString& line) {
     std::fprintf(to, "%s\n",
                  QString(line).replace(QLatin1Char('\n'), QLatin1Char(' ')).toLocal8Bit().constData());
     std::fflush(to);
 }
+
+// The phonebook a command works on: the one named, else the last one opened, else the default.
+QString PhonebookOrLast(QString book) {
+    if (book.isEmpty()) {
+        const QString recent = GetSetting(AppTitle(), QStringLiteral("Recent"), QStringLiteral("1"));
+        book = recent.isEmpty() ? DefaultPhonebook() : recent;
+    }
+    return PhonebookFromCommandLine(book);
+}
+
+// Opens the phonebook of a command; one opened for writing is brought up to date first.
+void OpenForCommand(const QString& book, bool readOnly) {
+    gDBPath = book;
+    gWS = dao::Workspace();
+    gWSOpen = true;
+    gDB = gWS.OpenDatabase(book, false, readOnly, QStringLiteral(";pwd=vorla"));
+    gDBOpen = true;
+    if (!readOnly) mAccess::UpgradeChain();
+}
+
 } // namespace
 
 int RunConvert(const CommandLine& line) {
@@ -129,12 +158,7 @@ int RunExchange(const CommandLine& line) {
         return 2;
     }
     const QString file = PhonebookFromCommandLine(line.exchangeFile);
-    QString book = line.exchangePhonebook;
-    if (book.isEmpty()) {
-        const QString recent = GetSetting(AppTitle(), QStringLiteral("Recent"), QStringLiteral("1"));
-        book = recent.isEmpty() ? DefaultPhonebook() : recent;
-    }
-    book = PhonebookFromCommandLine(book);
+    const QString book = PhonebookOrLast(line.exchangePhonebook);
     if (!QFileInfo(book).isFile()) {
         printLine(stderr, error + msgExNoPhonebook.arg(book));
         return 1;
@@ -142,12 +166,7 @@ int RunExchange(const CommandLine& line) {
     const bool import = line.exchangeOption.startsWith(QLatin1String("--import"));
     const bool vcard = line.exchangeOption.endsWith(QLatin1String("vcard"));
     try {
-        gDBPath = book;
-        gWS = dao::Workspace();
-        gWSOpen = true;
-        gDB = gWS.OpenDatabase(book, false, !import, QStringLiteral(";pwd=vorla"));
-        gDBOpen = true;
-        if (import) mAccess::UpgradeChain();
+        OpenForCommand(book, !import);
         if (import) {
             const QList<exchange::ContactRecord> records =
                 vcard ? mExchange::ReadVCardFile(file) : mExchange::ReadCsvFile(file);
@@ -176,6 +195,49 @@ int RunExchange(const CommandLine& line) {
         return 1;
     }
     mMain::Closing();
+    return 0;
+}
+
+int RunSync(const CommandLine& line) {
+    const QString error = QStringLiteral("kelvarin: ");
+    const QString book = PhonebookOrLast(line.phonebook);
+    if (!QFileInfo(book).isFile()) {
+        printLine(stderr, error + msgExNoPhonebook.arg(book));
+        return 1;
+    }
+    try {
+        OpenForCommand(book, false);
+        const carddav::Account account = carddav::LoadAccount();
+        if (!account.linked()) {
+            mMain::Closing();
+            printLine(stderr, error + msgSyncNotLinked.arg(book));
+            return 1;
+        }
+        // For timers on machines without a secret store, the password may come from the
+        // environment instead.
+        QString why;
+        QString password = qEnvironmentVariable("KELVARIN_SYNC_PASSWORD");
+        if (password.isEmpty()) password = carddav::ReadPassword(account, &why);
+        if (password.isEmpty()) {
+            mMain::Closing();
+            printLine(stderr, error + msgSyncNoPassword.arg(why));
+            return 1;
+        }
+        const carddav::SyncSummary summary = carddav::SyncNow(password);
+        mMain::Closing();
+        printLine(stdout, summary.text());
+        for (const QString& note : summary.notes)
+            printLine(stdout, note);
+        if (!summary.completed()) {
+            printLine(stderr, error + summary.error);
+            return 1;
+        }
+    } catch (const HuntERR::Error& e) {
+        mMain::Closing();
+        HuntERR::ClearPendingStack();
+        printLine(stderr, error + e.Description());
+        return 1;
+    }
     return 0;
 }
 

@@ -7,7 +7,7 @@
 namespace mMain {
 
 struct CommandLine {
-    enum Action { Start, Help, Version, UnknownOption, Convert, Exchange };
+    enum Action { Start, Help, Version, UnknownOption, Convert, Exchange, Sync };
     Action action = Start;
     // The phonebook as given: the arguments that are no option, joined by blanks, so that an
     // unquoted path with blanks still names one file.
@@ -41,5 +41,10 @@ int RunConvert(const CommandLine& line);
 // contact or imports the file (duplicates completed) without a window; prints the summary of an
 // import and answers 0, or prints one line on the standard error and answers 1 (2 without FILE).
 int RunExchange(const CommandLine& line);
+
+// kelvarin --sync [PHONEBOOK]: syncs the phonebook (by default the last one opened) with its
+// address book without a window; prints the summary and answers 0, or prints one line on the
+// standard error and answers 1.
+int RunSync(const CommandLine& line);
 
 } // namespace mMain

@@ -195,6 +195,12 @@ int Run(int argc, char** argv) {
         QCoreApplication::setApplicationName(AppTitle());
         return RunExchange(asked);
     }
+    if (asked.action == CommandLine::Sync) {
+        QCoreApplication app(argc, argv);
+        QCoreApplication::setOrganizationName(AppTitle());
+        QCoreApplication::setApplicationName(AppTitle());
+        return RunSync(asked);
+    }
     if (!displayNamed(raw)) {
         printLines(stderr, {mLanguageGobals::msgNoDisplay});
         return 1;
@@ -343,6 +349,7 @@ void Main() {
             offerPhonebook(*form, reported);
         else
             mAccess::AddTableCombo(form);
+        if (connected) form->SyncAtOpen();
         // A phonebook handed over by a second start during the start opens now.
         gMainFormShown = true;
         gStarted = true;

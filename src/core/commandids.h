@@ -17,6 +17,8 @@ enum : int {
     FileExportAll = 111,
     FileExportList = 112,
     FileExportSelected = 113,
+    FileSync = 114,
+    FileSyncSettings = 115,
     FileExit = 106,
     AccessFull = 107,
     AccessReadOnly = 108,

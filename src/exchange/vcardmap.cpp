@@ -1,5 +1,7 @@
 #include "exchange/vcardmap.h"
 
+#include <algorithm>
+
 #include "core/error.h"
 #include "core/language.h"
 
@@ -214,6 +216,18 @@ bool NumberOf(const VCardProperty& p, const QString* label, NumberRow* number) {
     return true;
 }
 
+namespace {
+
+// N of a group named "itemN", -1 for any other group or none.
+int ItemIndex(const QString& group) {
+    if (!group.startsWith(QLatin1String("item"), Qt::CaseInsensitive)) return -1;
+    bool number = false;
+    const int n = group.mid(4).toInt(&number);
+    return number && n >= 0 ? n : -1;
+}
+
+} // namespace
+
 ContactRecord RecordFromVCard(const VCardContact& card) {
     HUNT_PLACE("exchange::RecordFromVCard");
     ContactRecord r;
@@ -242,6 +256,12 @@ ContactRecord RecordFromVCard(const VCardContact& card) {
             leftovers.append(leftoverLabel(p, groupLabels) + QStringLiteral(": ") + value);
     };
 
+    struct FoundNumber {
+        int item;     // N of its group "itemN", -1 for none
+        int leftover; // where among the leftovers it stands, should it be one
+        NumberRow row;
+    };
+    QList<FoundNumber> numbers;
     for (const VCardProperty& p : card.properties) {
         QString handle;
         const VCardMapping* row = rowFor(p, &handle);
@@ -314,10 +334,7 @@ ContactRecord RecordFromVCard(const VCardContact& card) {
             if (!NumberOf(p, !p.group.isEmpty() && label != groupLabels.constEnd() ? &*label : nullptr,
                           &number))
                 break;
-            if (r.Numbers.size() < kNumberRows)
-                r.Numbers.append(number);
-            else
-                leftovers.append(number.type + QStringLiteral(": ") + number.value);
+            numbers.append({ItemIndex(p.group), int(leftovers.size()), number});
             break;
         }
         case VCardTarget::Category:
@@ -356,6 +373,19 @@ ContactRecord RecordFromVCard(const VCardContact& card) {
                                   QStringLiteral(" "));
     }
     r.Comment = notes.join(QLatin1Char('\n'));
+    // Cards whose every number stands in a group of its own ("item1.TEL", "item2.EMAIL", as
+    // Kelvarin writes them) keep the order of the groups, even where a server sorted the lines.
+    if (std::all_of(numbers.cbegin(), numbers.cend(), [](const FoundNumber& n) { return n.item >= 0; }))
+        std::stable_sort(numbers.begin(), numbers.end(),
+                         [](const FoundNumber& a, const FoundNumber& b) { return a.item < b.item; });
+    // Past the twelfth, numbers are leftovers in the place of the card where they stood.
+    QList<FoundNumber> extra = numbers.mid(kNumberRows);
+    for (const FoundNumber& n : numbers.mid(0, kNumberRows))
+        r.Numbers.append(n.row);
+    std::stable_sort(extra.begin(), extra.end(),
+                     [](const FoundNumber& a, const FoundNumber& b) { return a.leftover < b.leftover; });
+    for (int i = 0; i < extra.size(); ++i)
+        leftovers.insert(extra[i].leftover + i, extra[i].row.type + QStringLiteral(": ") + extra[i].row.value);
     if (!leftovers.isEmpty()) {
         if (!r.Comment.isEmpty()) r.Comment += QLatin1Char('\n');
         r.Comment += leftovers.join(QLatin1Char('\n'));

@@ -130,26 +130,28 @@ class Card {
     QByteArray m_out;
 };
 
+// Every number stands in a group of its own, "item1" to "item12" in the order of the card, so
+// that a reader gets the order back even from a server that sorts a card's lines by name.
 void writeNumbers(Card& card, const ContactRecord& c) {
     const VCardVersion v = card.version();
     int item = 0;
     for (const NumberRow& n : c.Numbers) {
         if (n.value.trimmed().isEmpty()) continue;
+        const QByteArray group = "item" + QByteArray::number(++item) + '.';
         const VCardMapping* row = writerRow(n.type);
         if (row) {
             const QByteArray property(row->property);
             const QString written = writtenValue(property, QString::fromLatin1(row->condition), n.value);
             if (readsBackAs(property, row->writeAs, written, n)) {
                 if (property == "EMAIL" && v == VCardVersion::V30)
-                    card.add("EMAIL;TYPE=INTERNET", escaped(written, v, false));
+                    card.add(group + "EMAIL;TYPE=INTERNET", escaped(written, v, false));
                 else
-                    card.add(property + typeParameter(row->writeAs, v), escaped(written, v, false));
+                    card.add(group + property + typeParameter(row->writeAs, v), escaped(written, v, false));
                 continue;
             }
         }
         // A type of the user's own, or a value the type's own property would not give back: a
-        // grouped property with the type's name as its label.
-        const QByteArray group = "item" + QByteArray::number(++item) + '.';
+        // property with the type's name as the label of its group.
         const QByteArray property = propertyByValue(n.value);
         card.add(group + property, escaped(writtenValue(property, QString(), n.value), v, false));
         card.add(group + "X-ABLabel", escaped(n.type, v, false));

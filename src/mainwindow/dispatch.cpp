@@ -108,6 +108,12 @@ bool Form1::Dispatch(CommandBarAction& Control) {
     case cmd::FileExportSelected:
         mnuFileExport_Click(id);
         break;
+    case cmd::FileSync:
+        mnuFileSync_Click();
+        break;
+    case cmd::FileSyncSettings:
+        mnuFileSyncSettings_Click();
+        break;
     case cmd::AccessFull:
     case cmd::AccessReadOnly:
         SwithAccessMode(id == cmd::AccessFull);

@@ -200,6 +200,7 @@ void Form1::showLogin(bool connected) {
         ShowPhonebook();
         MenuUpdate();
         mCommon::MenuNoBorrow(*ListView2, *CommandBars1);
+        SyncAtOpen();
     } else {
         mCommon::NotConnected(true);
         mCommon::EditCaption();

@@ -11,6 +11,10 @@
 #include <QPoint>
 #include <QString>
 
+namespace carddav {
+class SyncController;
+}
+
 class ColumnHeader;
 class CommandBarAction;
 class CommandBars;
@@ -145,6 +149,10 @@ class Form1 : public QMainWindow, public mTV::MainWindow {
     void mnuFileCompactDB_Click();
     void mnuFileImport_Click();
     void mnuFileExport_Click(int id);
+    void mnuFileSync_Click();
+    // A linked phonebook syncs once it is open, and then at its interval.
+    void SyncAtOpen();
+    void mnuFileSyncSettings_Click();
     void mnuFileExit_Click();
     // Opens `path` as File > Open does once a file is chosen (a phonebook handed over by a second start).
     void OpenPhonebook(const QString& path);
@@ -255,6 +263,7 @@ class Form1 : public QMainWindow, public mTV::MainWindow {
     QByteArray m_pendingPanes;    // a pane layout waiting for the window to show
     QString m_pendingToolbars;
     bool m_unloaded = false;
+    carddav::SyncController* m_sync = nullptr; // syncs of the open phonebook with its address book
     QString m_popupValue;
 };
 

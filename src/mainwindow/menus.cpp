@@ -273,6 +273,8 @@ void Form1::buildFileMenu(QMenu* file) {
     cb.AddButton(exporting, kPlain, cmd::FileExportAll, msgExExportAll);
     cb.AddButton(exporting, kPlain, cmd::FileExportList, msgExExportList);
     cb.AddButton(exporting, kPlain, cmd::FileExportSelected, msgExExportSelected);
+    cb.AddButton(file, kPlain, cmd::FileSync, msgSyncNowMenu, true);
+    cb.AddButton(file, kPlain, cmd::FileSyncSettings, msgSyncSettingsMenu);
     QMenu* recent = cb.AddPopup(file, msgRecentFiles);
     for (int n = cmd::RecentFirst; n <= cmd::RecentLast; ++n)
         cb.AddButton(recent, kPlain, n, QStringLiteral("-"))->SetVisible(false);

@@ -56,7 +56,20 @@ bool LoginCnn(bool FromStart) {
 
 namespace mMain {
 
+namespace {
+std::function<void()>& BeforeClosing() {
+    static std::function<void()> hook;
+    return hook;
+}
+} // namespace
+
+std::function<void()> SetBeforeClosing(std::function<void()> hook) {
+    std::swap(BeforeClosing(), hook);
+    return hook;
+}
+
 void Closing() {
+    if (BeforeClosing()) BeforeClosing()();
     if (gDBOpen) {
         gDB.Close();
         gDBOpen = false;

@@ -25,8 +25,10 @@ namespace {
 
 constexpr int kFetchBatch = 100;
 
+// Cards go to the server as vCard 3.0, the version every CardDAV server must keep as it was given
+// (some store 4.0 through a 3.0 model that garbles a photo given as a data: address).
 QByteArray Format(const ContactRecord& r) {
-    return exchange::FormatVCard(r, exchange::VCardVersion::V40);
+    return exchange::FormatVCard(r, exchange::VCardVersion::V30);
 }
 
 // The card sent to the server: ours, with the contact's UID after the version line.

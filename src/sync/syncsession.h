@@ -64,3 +64,6 @@ SyncSummary SyncNow(const QString& password, const std::atomic_bool* cancel = nu
                     const SyncProgress& progress = {});
 
 } // namespace carddav
+
+#include <QMetaType>
+Q_DECLARE_METATYPE(carddav::SyncSummary)

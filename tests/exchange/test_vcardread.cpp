@@ -215,6 +215,26 @@ TEST(VCardRead, WhatHasNoPlaceIsKeptInTheComment) {
                              "X-FOO: bar, baz\nPhoto: https://example.com/me.jpg"));
 }
 
+TEST(VCardRead, NumbersKeepTheOrderOfTheirGroups) {
+    // As a server that sorts a card's lines by name hands back what Kelvarin wrote.
+    const QByteArray sorted = "BEGIN:VCARD\r\nVERSION:3.0\r\nitem2.EMAIL;TYPE=INTERNET:a@b.c\r\nFN:Ann\r\n"
+                              "item10.TEL:10\r\nitem1.TEL;TYPE=CELL:1\r\nitem3.TEL:3\r\n"
+                              "item3.X-ABLABEL:Kid's phone\r\nEND:VCARD\r\n";
+    ContactRecord r = RecordFromVCard(ReadVCards(sorted).value(0));
+    ASSERT_EQ(r.Numbers.size(), 4);
+    EXPECT_EQ(r.Numbers[0].value, QStringLiteral("1"));
+    EXPECT_EQ(r.Numbers[1].value, QStringLiteral("a@b.c"));
+    EXPECT_EQ(r.Numbers[2], (NumberRow{QStringLiteral("Kid's phone"), QStringLiteral("3")}));
+    EXPECT_EQ(r.Numbers[3].value, QStringLiteral("10"));
+    // One number without a group: the order of the file stands.
+    const QByteArray mixed = "BEGIN:VCARD\r\nVERSION:3.0\r\nitem2.EMAIL:a@b.c\r\nFN:Ann\r\nTEL:9\r\n"
+                             "item1.TEL:1\r\nEND:VCARD\r\n";
+    r = RecordFromVCard(ReadVCards(mixed).value(0));
+    ASSERT_EQ(r.Numbers.size(), 3);
+    EXPECT_EQ(r.Numbers[0].value, QStringLiteral("a@b.c"));
+    EXPECT_EQ(r.Numbers[2].value, QStringLiteral("1"));
+}
+
 TEST(VCardRead, ManyCardsLineEndsAndFolding) {
     // LF, CRLF and a tab fold; one card written on many lines of a single property.
     const QByteArray file = "\xEF\xBB\xBF"

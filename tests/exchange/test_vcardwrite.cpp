@@ -114,11 +114,12 @@ TEST(VCardWrite, EachVersionEscapesAndNamesItsOwnWay) {
     EXPECT_TRUE(v4.contains("FN:Ann; Bee\\, \\\\ Cee"));
     EXPECT_TRUE(v4.contains("N:Cee;Ann\\; Bee\\, \\\\;;;"));
     EXPECT_TRUE(v4.contains("NOTE:a;b\\,c\\nd"));
-    EXPECT_TRUE(v4.contains("TEL;TYPE=cell:1"));
-    EXPECT_TRUE(v4.contains("EMAIL:a@b.c"));
-    EXPECT_TRUE(v4.contains("IMPP:skype:ann"));
-    EXPECT_TRUE(v4.contains("item1.TEL:2"));
-    EXPECT_TRUE(v4.contains("item1.X-ABLabel:Kid's phone"));
+    // Each number in a group of its own, in the card's order.
+    EXPECT_TRUE(v4.contains("item1.TEL;TYPE=cell:1"));
+    EXPECT_TRUE(v4.contains("item2.EMAIL:a@b.c"));
+    EXPECT_TRUE(v4.contains("item3.IMPP:skype:ann"));
+    EXPECT_TRUE(v4.contains("item4.TEL:2"));
+    EXPECT_TRUE(v4.contains("item4.X-ABLabel:Kid's phone"));
     EXPECT_TRUE(v4.contains("X-KELVARIN-FAVORITE:"));
     EXPECT_TRUE(v4.contains("PHOTO:data:image/jpeg;base64,/9j/4HJlc3Q="));
 
@@ -126,8 +127,8 @@ TEST(VCardWrite, EachVersionEscapesAndNamesItsOwnWay) {
     EXPECT_TRUE(v3.contains("VERSION:3.0"));
     EXPECT_TRUE(v3.contains("FN:Ann\\; Bee\\, \\\\ Cee"));
     EXPECT_TRUE(v3.contains("NOTE:a\\;b\\,c\\nd"));
-    EXPECT_TRUE(v3.contains("TEL;TYPE=CELL:1"));
-    EXPECT_TRUE(v3.contains("EMAIL;TYPE=INTERNET:a@b.c"));
+    EXPECT_TRUE(v3.contains("item1.TEL;TYPE=CELL:1"));
+    EXPECT_TRUE(v3.contains("item2.EMAIL;TYPE=INTERNET:a@b.c"));
     EXPECT_TRUE(v3.contains("PHOTO;ENCODING=b;TYPE=JPEG:/9j/4HJlc3Q="));
 }
 

@@ -49,6 +49,8 @@ const CommandPicture kCommands[] = {
     {cmd::FileExportAll, "document-export", "document-new"},
     {cmd::FileExportList, "document-export", "document-new"},
     {cmd::FileExportSelected, "document-export", "document-new"},
+    {cmd::FileSync, "emblem-synchronizing", "sync"},
+    {cmd::FileSyncSettings, nullptr, "sync"},
     {cmd::FileExit, "application-exit", "exit"},
     {cmd::AccessFull, nullptr, "lock-open"},
     {cmd::AccessReadOnly, nullptr, "lock"},
