@@ -37,7 +37,8 @@ std::optional<DavError> errorOf(const std::function<void()>& call) {
 #define EXPECT_DAV_ERROR(call, expectedKind)                                                                 \
     do {                                                                                                     \
         const std::optional<DavError> error = errorOf([&] { call; });                                        \
-        ASSERT_TRUE(error.has_value()) << "no error from " #call;                                            \
+        EXPECT_TRUE(error.has_value()) << "no error from " #call;                                            \
+        if (!error) break;                                                                                   \
         EXPECT_EQ(error->kind(), DavError::expectedKind) << error->message().toStdString();                  \
         EXPECT_FALSE(error->message().isEmpty());                                                            \
     } while (false)
@@ -179,13 +180,13 @@ TEST_F(DavClientTest, SyncCollectionTellsChangesAndRemovalsSinceItsToken) {
 TEST_F(DavClientTest, MultigetFetchesInBatchesAndLeavesOutWhatIsGone) {
     auto dav = client();
     QStringList hrefs;
+    QList<QPair<QString, QByteArray>> files;
     for (int i = 0; i < 250; ++i) {
         const QString name = QStringLiteral("card %1.vcf").arg(i); // a blank in the name
-        ASSERT_EQ(
-            dav->put(member(name), card(QString::number(i), QStringLiteral("Person %1").arg(i)), {}, nullptr),
-            WriteResult::Done);
+        files.append({name, card(QString::number(i), QStringLiteral("Person %1").arg(i))});
         hrefs << member(name).path(QUrl::FullyEncoded);
     }
+    ASSERT_TRUE(server.storeCards(QStringLiteral("contacts"), files));
     hrefs << QStringLiteral("/alice/contacts/never-there.vcf");
 
     const int before = dav->requestCount();
@@ -222,15 +223,18 @@ TEST_F(DavClientTest, ConnectionsThatFail) {
     EXPECT_DAV_ERROR(client(QUrl(QStringLiteral("http://127.0.0.1:%1/").arg(port)))->discover(), Unreachable);
 
     // An answer cut half-way through, and a request whose answer never comes.
-    const QByteArray many = QByteArray("x").repeated(4000);
-    ASSERT_EQ(client()->put(member("big.vcf"), card("big", QString::fromLatin1(many)), {}, nullptr),
+    // The server compresses its answers: a note that does not shrink keeps this one long.
+    QByteArray noise;
+    for (int i = 0; i < 500; ++i)
+        noise += QByteArray::number(quint32(i) * 2654435761u, 36);
+    ASSERT_EQ(client()->put(member("big.vcf"), card("big", QString::fromLatin1(noise)), {}, nullptr),
               WriteResult::Done);
     fixture::CuttingProxy cutAnswer(QStringLiteral("127.0.0.1"), server.port());
     cutAnswer.cutAfterAnswerBytes(1000);
     const QUrl viaProxy = cutAnswer.url().resolved(QUrl(book.path()));
     EXPECT_DAV_ERROR(client(cutAnswer.url())->multiget(viaProxy, {QStringLiteral("/alice/contacts/big.vcf")}),
                      Unreachable);
-    EXPECT_EQ(cutAnswer.cuts(), 1);
+    EXPECT_EQ(cutAnswer.cuts(), 1) << cutAnswer.requests();
 
     fixture::CuttingProxy cutRequest(QStringLiteral("127.0.0.1"), server.port());
     cutRequest.cutAfterRequests(1);
