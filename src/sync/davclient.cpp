@@ -210,7 +210,7 @@ Answer DavClient::Impl::send(const QByteArray& verb, QUrl url, const QByteArray&
         if (hop == kMaxRedirects) throw DavError(DavError::Server, a.status, msgDavRedirects);
         const QUrl next = url.resolved(QUrl::fromEncoded(a.location.trimmed()));
         if (url.scheme() == QLatin1String("https") && next.scheme() != QLatin1String("https"))
-            throw DavError(DavError::Tls, a.status, msgDavTls.arg(msgDavInsecureRedirect));
+            throw DavError(DavError::Server, a.status, msgDavInsecureRedirect);
         url = next;
     }
 }
@@ -224,8 +224,15 @@ void DavClient::Impl::fail(const Answer& a) {
     switch (a.status) {
     case 401:
         throw DavError(DavError::AuthRefused, a.status, msgDavAuthRefused);
-    case 403:
+    case 403: {
+        // A refusal that names a condition (an unsupported report, say) is not about rights.
+        const QStringList conditions = davxml::readErrorConditions(a.body);
+        if (!conditions.isEmpty())
+            throw DavError(DavError::Server, a.status,
+                           msgDavServer.arg(statusText(a) + QStringLiteral(" (") +
+                                            conditions.join(QStringLiteral(", ")) + QLatin1Char(')')));
         throw DavError(DavError::AuthRefused, a.status, msgDavForbidden.arg(a.url.toDisplayString()));
+    }
     case 404:
     case 410:
         throw DavError(DavError::NotFound, a.status, msgDavNotFound.arg(a.url.toDisplayString()));
@@ -310,7 +317,7 @@ QList<AddressBookInfo> DavClient::discover() {
         }
         if (r && !r->currentUserPrincipal.isEmpty())
             principal = first.url.resolved(QUrl(r->currentUserPrincipal, QUrl::TolerantMode));
-    } else if (first.status == 401 || first.status == 403) {
+    } else if (first.status == 401) {
         d->fail(first);
     }
     if (principal.isEmpty()) {
@@ -319,7 +326,7 @@ QList<AddressBookInfo> DavClient::discover() {
         known.setPath(QStringLiteral("/.well-known/carddav"));
         known.setQuery(QString());
         const Answer a = d->propfind(known, 0, davxml::propfindPrincipal(), true);
-        if (a.status == 401) d->fail(a);
+        if (a.status == 401 || a.status == 403) d->fail(a);
         if (a.status != 207) throw DavError(DavError::NotAddressBook, a.status, msgDavNotAddressBook);
         const std::optional<davxml::Response> r = d->self(d->multiStatus(a), a.url);
         if (r && !r->addressBookHomeSet.isEmpty()) {
