@@ -49,7 +49,7 @@ bench: build
 FUZZ_PACKAGES := clang libclang-rt-dev llvm cmake make pkg-config qt6-base-dev libsqlite3-dev
 FUZZ_BUILD    ?= build-fuzz
 FUZZ_RUNS     ?= 1000000
-FUZZ_TARGETS  := translator like helpers recordset gif vcard csv
+FUZZ_TARGETS  := translator like helpers recordset gif vcard csv davxml
 
 fuzz:
 	@missing=""; for p in $(FUZZ_PACKAGES); do dpkg -s $$p >/dev/null 2>&1 || missing="$$missing $$p"; done; \

@@ -13,6 +13,8 @@
 #include <QSslError>
 #include <QTimer>
 
+#include <optional>
+
 using namespace mLanguageGobals;
 
 namespace carddav {
@@ -104,7 +106,7 @@ struct DavClient::Impl {
     Answer propfind(const QUrl& url, int depth, const QByteArray& body, bool follow = false);
     davxml::MultiStatus multiStatus(const Answer& a);
     [[noreturn]] void fail(const Answer& a);
-    const davxml::Response* self(const davxml::MultiStatus& ms, const QUrl& url);
+    std::optional<davxml::Response> self(const davxml::MultiStatus& ms, const QUrl& url);
     QList<AddressBookInfo> booksOfHome(const QUrl& home);
     QList<AddressBookInfo> booksOfPrincipal(const QUrl& principal);
 };
@@ -118,6 +120,9 @@ Answer DavClient::Impl::sendOnce(const QByteArray& verb, const QUrl& url, const 
     if (sameOrigin(url, server))
         request.setRawHeader("Authorization",
                              "Basic " + (user + QLatin1Char(':') + password).toUtf8().toBase64());
+    // Plain bodies: a compressed answer that the connection cut short is not told apart from a
+    // whole one, while a plain body must match its Content-Length.
+    request.setRawHeader("Accept-Encoding", "identity");
     for (const auto& [name, value] : headers)
         request.setRawHeader(name, value);
 
@@ -172,7 +177,8 @@ Answer DavClient::Impl::sendOnce(const QByteArray& verb, const QUrl& url, const 
     Answer a;
     a.status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     a.reason = reply->attribute(QNetworkRequest::HttpReasonPhraseAttribute).toByteArray();
-    a.body = reply->readAll();
+    if (reply->isOpen()) a.body = reply->readAll();
+    const QVariant length = reply->header(QNetworkRequest::ContentLengthHeader);
     a.url = reply->url();
     a.etag = reply->rawHeader("ETag");
     a.location = reply->rawHeader("Location");
@@ -191,6 +197,8 @@ Answer DavClient::Impl::sendOnce(const QByteArray& verb, const QUrl& url, const 
     // A transport error, also one after the status line (the connection dropped half-way).
     if (error != QNetworkReply::NoError && (a.status == 0 || error < QNetworkReply::ContentAccessDenied))
         throw DavError(DavError::Unreachable, a.status, msgDavUnreachable.arg(errorText));
+    if (length.isValid() && a.body.size() < length.toLongLong())
+        throw DavError(DavError::Unreachable, a.status, msgDavUnreachable.arg(msgDavCutShort));
     return a;
 }
 
@@ -202,7 +210,7 @@ Answer DavClient::Impl::send(const QByteArray& verb, QUrl url, const QByteArray&
         if (hop == kMaxRedirects) throw DavError(DavError::Server, a.status, msgDavRedirects);
         const QUrl next = url.resolved(QUrl::fromEncoded(a.location.trimmed()));
         if (url.scheme() == QLatin1String("https") && next.scheme() != QLatin1String("https"))
-            throw DavError(DavError::Tls, a.status, msgDavTls.arg(msgDavInsecureRedirect));
+            throw DavError(DavError::Server, a.status, msgDavInsecureRedirect);
         url = next;
     }
 }
@@ -216,8 +224,15 @@ void DavClient::Impl::fail(const Answer& a) {
     switch (a.status) {
     case 401:
         throw DavError(DavError::AuthRefused, a.status, msgDavAuthRefused);
-    case 403:
+    case 403: {
+        // A refusal that names a condition (an unsupported report, say) is not about rights.
+        const QStringList conditions = davxml::readErrorConditions(a.body);
+        if (!conditions.isEmpty())
+            throw DavError(DavError::Server, a.status,
+                           msgDavServer.arg(statusText(a) + QStringLiteral(" (") +
+                                            conditions.join(QStringLiteral(", ")) + QLatin1Char(')')));
         throw DavError(DavError::AuthRefused, a.status, msgDavForbidden.arg(a.url.toDisplayString()));
+    }
     case 404:
     case 410:
         throw DavError(DavError::NotFound, a.status, msgDavNotFound.arg(a.url.toDisplayString()));
@@ -237,10 +252,11 @@ davxml::MultiStatus DavClient::Impl::multiStatus(const Answer& a) {
 
 // The response that speaks of the requested address itself (a depth-0 answer may name it
 // another way, so a single response counts as well).
-const davxml::Response* DavClient::Impl::self(const davxml::MultiStatus& ms, const QUrl& url) {
+std::optional<davxml::Response> DavClient::Impl::self(const davxml::MultiStatus& ms, const QUrl& url) {
     for (const davxml::Response& r : ms.responses)
-        if (decodedPath(url.resolved(QUrl(r.href, QUrl::TolerantMode))) == decodedPath(url)) return &r;
-    return ms.responses.size() == 1 ? &ms.responses.first() : nullptr;
+        if (decodedPath(url.resolved(QUrl(r.href, QUrl::TolerantMode))) == decodedPath(url)) return r;
+    if (ms.responses.size() == 1) return ms.responses.first();
+    return std::nullopt;
 }
 
 QList<AddressBookInfo> DavClient::Impl::booksOfHome(const QUrl& home) {
@@ -254,7 +270,7 @@ QList<AddressBookInfo> DavClient::Impl::booksOfHome(const QUrl& home) {
 
 QList<AddressBookInfo> DavClient::Impl::booksOfPrincipal(const QUrl& principal) {
     const Answer a = propfind(principal, 0, davxml::propfindPrincipal(), true);
-    const davxml::Response* r = self(multiStatus(a), a.url);
+    const std::optional<davxml::Response> r = self(multiStatus(a), a.url);
     if (!r || r->addressBookHomeSet.isEmpty()) return {};
     QList<AddressBookInfo> books;
     for (const QString& home : r->addressBookHomeSet)
@@ -291,7 +307,7 @@ QList<AddressBookInfo> DavClient::discover() {
     const Answer first = d->propfind(d->server, 0, davxml::propfindAddressBook(), true);
     QUrl principal;
     if (first.status == 207) {
-        const davxml::Response* r = d->self(d->multiStatus(first), first.url);
+        const std::optional<davxml::Response> r = d->self(d->multiStatus(first), first.url);
         if (r && r->addressBook) return {infoOf(*r, first.url)};
         if (r && !r->addressBookHomeSet.isEmpty()) {
             QList<AddressBookInfo> books;
@@ -301,7 +317,7 @@ QList<AddressBookInfo> DavClient::discover() {
         }
         if (r && !r->currentUserPrincipal.isEmpty())
             principal = first.url.resolved(QUrl(r->currentUserPrincipal, QUrl::TolerantMode));
-    } else if (first.status == 401 || first.status == 403) {
+    } else if (first.status == 401) {
         d->fail(first);
     }
     if (principal.isEmpty()) {
@@ -310,9 +326,9 @@ QList<AddressBookInfo> DavClient::discover() {
         known.setPath(QStringLiteral("/.well-known/carddav"));
         known.setQuery(QString());
         const Answer a = d->propfind(known, 0, davxml::propfindPrincipal(), true);
-        if (a.status == 401) d->fail(a);
+        if (a.status == 401 || a.status == 403) d->fail(a);
         if (a.status != 207) throw DavError(DavError::NotAddressBook, a.status, msgDavNotAddressBook);
-        const davxml::Response* r = d->self(d->multiStatus(a), a.url);
+        const std::optional<davxml::Response> r = d->self(d->multiStatus(a), a.url);
         if (r && !r->addressBookHomeSet.isEmpty()) {
             QList<AddressBookInfo> books;
             for (const QString& home : r->addressBookHomeSet)
@@ -330,7 +346,7 @@ QList<AddressBookInfo> DavClient::discover() {
 
 AddressBookInfo DavClient::addressBook(const QUrl& book) {
     const Answer a = d->propfind(book, 0, davxml::propfindAddressBook(), true);
-    const davxml::Response* r = d->self(d->multiStatus(a), a.url);
+    const std::optional<davxml::Response> r = d->self(d->multiStatus(a), a.url);
     if (!r || !r->addressBook) throw DavError(DavError::NotAddressBook, a.status, msgDavNotAddressBook);
     return infoOf(*r, a.url);
 }

@@ -19,15 +19,15 @@ namespace carddav {
 class DavError : public std::runtime_error {
   public:
     enum Kind {
-        Unreachable,     // no answer: name not found, connection refused or dropped, timeout
-        Tls,             // the certificate was refused
-        AuthRefused,     // 401 or 403 on a request that needs the user's rights
-        NotFound,        // 404 or 410 where a resource or collection was expected
-        InvalidSyncToken,// the server no longer knows the sync token (a full listing is needed)
-        NotAddressBook,  // the address given is not a CardDAV server or address book
-        Server,          // any other unexpected status
-        Protocol,        // an answer that cannot be read (bad XML, missing parts)
-        Cancelled,       // the cancel flag was raised
+        Unreachable,      // no answer: name not found, connection refused or dropped, timeout
+        Tls,              // the certificate was refused
+        AuthRefused,      // 401 or 403 on a request that needs the user's rights
+        NotFound,         // 404 or 410 where a resource or collection was expected
+        InvalidSyncToken, // the server no longer knows the sync token (a full listing is needed)
+        NotAddressBook,   // the address given is not a CardDAV server or address book
+        Server,           // any other unexpected status
+        Protocol,         // an answer that cannot be read (bad XML, missing parts)
+        Cancelled,        // the cancel flag was raised
     };
     DavError(Kind kind, int status, const QString& message);
     Kind kind() const { return m_kind; }
@@ -49,8 +49,8 @@ struct AddressBookInfo {
 
 // One member of an address book as a listing tells it.
 struct ResourceState {
-    QString href;    // path as the server names it ("/alice/contacts/abc.vcf"), percent-encoded
-    QByteArray etag; // as the server sends it, quotes included; empty when removed
+    QString href;         // path as the server names it ("/alice/contacts/abc.vcf"), percent-encoded
+    QByteArray etag;      // as the server sends it, quotes included; empty when removed
     bool removed = false; // sync-collection reported it gone (404 in its propstat/status)
 };
 

@@ -11,7 +11,6 @@
 #include <QNetworkReply>
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <QThread>
 #include <QTimer>
 
 #include <csignal>
@@ -66,6 +65,7 @@ bool RadicaleServer::available(QString* reason) {
 
 bool RadicaleServer::start(const QString& dir) {
     stop();
+    m_dir = dir;
     m_port = freePort();
     if (!m_port || !QDir().mkpath(dir + QStringLiteral("/collections"))) return false;
     const QString users = dir + QStringLiteral("/users");
@@ -92,11 +92,10 @@ bool RadicaleServer::start(const QString& dir) {
     QElapsedTimer clock;
     clock.start();
     while (clock.elapsed() < 15000) {
-        if (m_process.state() != QProcess::Running) return false;
         QTcpSocket socket;
         socket.connectToHost(QHostAddress::LocalHost, m_port);
         if (socket.waitForConnected(200)) return true;
-        QThread::msleep(50);
+        if (m_process.waitForFinished(50)) return false; // it stopped: a bad configuration
     }
     stop();
     return false;
@@ -115,6 +114,14 @@ void RadicaleServer::stop() {
 QString RadicaleServer::log() {
     m_log += QString::fromUtf8(m_process.readAll());
     return m_log;
+}
+
+bool RadicaleServer::storeCards(const QString& name, const QList<QPair<QString, QByteArray>>& cards) {
+    const QString folder = QStringLiteral("%1/collections/collection-root/%2/%3/").arg(m_dir, user(), name);
+    if (!QFileInfo(folder).isDir()) return false;
+    for (const auto& [file, card] : cards)
+        if (!writeFile(folder + file, card)) return false;
+    return true;
 }
 
 QUrl RadicaleServer::url() const {
