@@ -210,8 +210,13 @@ TableDef SyncState() {
         .f("ETag", dbText, 255, ZL)
         .f("UID", dbText, 255, ZL)
         .f("Base", dbMemo, 0, ZL)
+        .ix("SyncStateIDCD", "IDCD", false, false)
         .t;
 }
+
+const char* const kSyncStateTrigger =
+    "CREATE TRIGGER SyncStateContactGone AFTER DELETE ON CDs "
+    "BEGIN UPDATE SyncState SET Added = '' WHERE IDCD = OLD.IDCD; END";
 
 std::vector<TableDef> All() {
     return {CDs(),        Types(), Paths(),   Elements(),    SearchWhat(), SearchWhere(),

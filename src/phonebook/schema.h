@@ -23,6 +23,9 @@ dao::TableDef AccessMode();
 // upgrade adds them to every phonebook that is opened for writing.
 dao::TableDef SyncAccount();
 dao::TableDef SyncState();
+// The trigger that tells the sync a contact is gone: whatever deletes a row of CDs empties the
+// Added of its SyncState row, so a later contact given the same IDCD is never taken for it.
+extern const char* const kSyncStateTrigger;
 
 // All eleven, in the order a new phonebook creates them.
 std::vector<dao::TableDef> All();

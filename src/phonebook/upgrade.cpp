@@ -159,6 +159,7 @@ void AddSyncTables() {
     dao::TableDefs defs = gDB.TableDefs();
     defs.Append(mSchema::SyncAccount());
     defs.Append(mSchema::SyncState());
+    gDB.ExecuteNative(QString::fromLatin1(mSchema::kSyncStateTrigger));
     trans.Commit();
 }
 

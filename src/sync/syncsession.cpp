@@ -474,6 +474,7 @@ SyncSummary SyncSession::commit() {
     };
     QList<NewState> newStates;
     QList<int> dropStates;
+    QList<qint32> deleteHere;
     mExchange::RecordWriter writer;
     const QDateTime when = QDateTime::currentDateTime();
 
@@ -496,7 +497,7 @@ SyncSummary SyncSession::commit() {
                 if (item.here == Item::Here::Delete) {
                     // Removed on the server; an edit made here since is kept and sent as new.
                     if (!editedMeanwhile && !goneHere) {
-                        mAccess::DeleteCD(idcd, -1);
+                        deleteHere << idcd; // once its state is dropped
                         ++summary.deletedHere;
                     }
                     drop();
@@ -586,6 +587,8 @@ SyncSummary SyncSession::commit() {
         gDB.Execute(QStringLiteral("DELETE * FROM SyncState WHERE IDCD = %1 AND Added = '%2'")
                         .arg(d->states[i].idcd)
                         .arg(d->states[i].added));
+    for (const qint32 idcd : deleteHere)
+        mAccess::DeleteCD(idcd, -1);
     dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM SyncState WHERE IDCD = -1"));
     for (const NewState& n : newStates) {
         rs.AddNew();

@@ -518,8 +518,9 @@ bool SameContact(const ContactRecord& a, const ContactRecord& b) {
 
 namespace {
 
+// The moment a contact was added as its digits, the same whichever way the date came.
 QString AddedText(const QVariant& dateScan) {
-    return dateScan.toDateTime().toString(Qt::ISODate);
+    return dateScan.toDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
 }
 
 } // namespace

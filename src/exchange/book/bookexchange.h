@@ -91,7 +91,7 @@ bool SameContact(const exchange::ContactRecord& a, const exchange::ContactRecord
 // from a later contact that was given the same id.
 struct StoredContact {
     qint32 idcd = 0;
-    QString added; // DateScan as ISO text
+    QString added; // DateScan as "yyyy-MM-dd HH:mm:ss"
     exchange::ContactRecord record;
 };
 
