@@ -10,6 +10,7 @@
 #include "mainwindow/form4.h"
 #include "mainwindow/form9.h"
 #include "phonebook/createdb.h"
+#include "phonebook/login.h"
 #include "phonebook/store/dao.h"
 #include "preferences/mru.h"
 #include "preferences/settings.h"
@@ -18,7 +19,13 @@
 #include "support/themes/desktopscheme.h"
 #include "support/themes/themes.h"
 
+#include "support/fixtureradicale.h"
+#include "sync/account.h"
+#include "sync/davclient.h"
+#include "sync/secrets.h"
+
 #include <QApplication>
+#include <QLabel>
 #include <QDir>
 #include <QPushButton>
 #include <QStyle>
@@ -180,4 +187,44 @@ TEST_F(Screenshots, TipsAndStatistics) {
     statistics.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&statistics));
     save(&statistics, "statistics.png");
+}
+
+// A phonebook linked to an address book syncs as it opens; the status bar tells what it did.
+TEST_F(Screenshots, MainWindowAfterSync) {
+    fixture::RadicaleServer server;
+    if (!fixture::RadicaleServer::available()) GTEST_SKIP() << "radicale is not installed";
+    ASSERT_TRUE(server.start(path(u"radicale"_s))) << server.log().toStdString();
+    const QUrl book = server.createAddressBook(u"contacts"_s);
+    // On the server: a contact from the phone, and one of the phonebook's with a title added.
+    carddav::DavClient client(book, server.user(), server.password());
+    QByteArray etag;
+    client.put(book.resolved(QUrl(u"phone-1.vcf"_s)),
+               "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:phone-1\r\nFN:Wen Li\r\nN:Li;Wen;;;\r\n"
+               "TEL;TYPE=CELL:+86 10 5555 0101\r\nEND:VCARD\r\n",
+               QByteArray(), &etag);
+    client.put(book.resolved(QUrl(u"phone-2.vcf"_s)),
+               "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:phone-2\r\nFN:Ada Lindqvist\r\nN:Lindqvist;Ada;;;\r\n"
+               "TITLE:Harbour master\r\nTEL;TYPE=WORK:+44 20 7946 1037\r\nEND:VCARD\r\n",
+               QByteArray(), &etag);
+    gDBPath = m_book;
+    ASSERT_TRUE(mLogin::LoginCnn(false));
+    carddav::Account account;
+    account.server = server.url().toString();
+    account.user = server.user();
+    account.book = book;
+    account.bookName = u"Contacts"_s;
+    account.interval = 15;
+    carddav::SaveAccount(account);
+    mMain::Closing();
+    carddav::SecretStore store;
+    store.read = [&](const QString&) { return server.password(); };
+    carddav::SetSecretStore(&store);
+
+    Form1& f = start(1, mThemes::ColorScheme::Light);
+    auto* status = f.findChild<QLabel*>(u"SyncStatus"_s);
+    ASSERT_NE(status, nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([status] { return status->text().startsWith(u"Synced"_s); }, 30000))
+        << status->text().toStdString();
+    save(&f, "sync-mainwindow.png");
+    carddav::SetSecretStore(nullptr);
 }

@@ -58,7 +58,7 @@ TEST_F(SyncCli, SyncsWithoutAWindowAndSaysWhyWhenItCannot) {
 
     Outcome run = Kelvarin({QStringLiteral("--sync"), path(QStringLiteral("a.kvdb"))}, server.password());
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
-    EXPECT_EQ(run.out.trimmed(), QStringLiteral("2 sent, 0 received, 0 merged, 0 conflicts"));
+    EXPECT_EQ(run.out.trimmed(), QStringLiteral("Sent 2, received 0, merged 0, conflicts 0"));
     EXPECT_TRUE(run.err.isEmpty()) << run.err.toStdString();
 
     // No password anywhere: the secret store is out of reach without a session bus.
