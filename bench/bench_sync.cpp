@@ -133,6 +133,6 @@ void run(const bench::Context& ctx) {
     open(ctx.phonebook);
 }
 
-} // namespace
+const bench::Register reg("sync with a CardDAV server", 950, run);
 
-bench::Register reg("sync with a CardDAV server", 950, run);
+} // namespace
