@@ -29,8 +29,9 @@ ContactRecord contact(int i) {
     c.Company = QStringLiteral("Company %1, Ltd.").arg(i % 97);
     c.City = QStringLiteral("Springfield");
     c.Comment = i % 4 == 0 ? QStringLiteral("Met at the fair;\nask about the offer.") : QString();
-    c.Numbers = {{QStringLiteral("Mobile phone"), QStringLiteral("+1 555 %1").arg(i, 7, 10, QLatin1Char('0'))},
-                 {QStringLiteral("Email"), QStringLiteral("person%1@example.com").arg(i)}};
+    c.Numbers = {
+        {QStringLiteral("Mobile phone"), QStringLiteral("+1 555 %1").arg(i, 7, 10, QLatin1Char('0'))},
+        {QStringLiteral("Email"), QStringLiteral("person%1@example.com").arg(i)}};
     if (i % 10 == 0) {
         QByteArray photo("\xFF\xD8\xFF\xE0", 4);
         photo.resize(10 * 1024, char(i & 0x7F));
@@ -97,13 +98,15 @@ void run(const bench::Context& ctx) {
     const double upFloorMs = timed([&] {
         for (int i = 0; i < kContacts; ++i) {
             QByteArray etag;
-            client.put(floorBook.resolved(QUrl(QStringLiteral("c%1.vcf").arg(i))),
-                       exchange::FormatVCard(contact(i)).replace("VERSION:4.0\r\n",
-                                                                 "VERSION:4.0\r\nUID:c" + QByteArray::number(i) + "\r\n"),
-                       QByteArray(), &etag);
+            client.put(
+                floorBook.resolved(QUrl(QStringLiteral("c%1.vcf").arg(i))),
+                exchange::FormatVCard(contact(i))
+                    .replace("VERSION:4.0\r\n", "VERSION:4.0\r\nUID:c" + QByteArray::number(i) + "\r\n"),
+                QByteArray(), &etag);
         }
     });
-    bench::Report(QStringLiteral("sync: first sync, %1 contacts sent").arg(kContacts), kContacts, upMs, upFloorMs);
+    bench::Report(QStringLiteral("sync: first sync, %1 contacts sent").arg(kContacts), kContacts, upMs,
+                  upFloorMs);
     std::printf("    %d sent, %d requests\n", s.sent, s.requests);
 
     open(dir.filePath(QStringLiteral("b.kvdb")));

@@ -24,10 +24,12 @@ const std::vector<RestrictionRow> kRestrictionTable = {
 };
 
 const std::vector<int> kMainWindowCommands = {
-    cmd::AccessOptions,  cmd::FileClearDB,    cmd::FileCompactDB,  cmd::CategoryQuickAdd,  cmd::CategoryAdd,
-    cmd::CategoryRename, cmd::CategoryDelete, cmd::ContactAdd,     cmd::ListAdd,           cmd::MainAdd,
-    cmd::FileImport,     cmd::FileExportAll,  cmd::FileExportList, cmd::FileExportSelected,
-    cmd::FileSync,       cmd::FileSyncSettings};
+    cmd::AccessOptions,    cmd::FileClearDB,        cmd::FileCompactDB,
+    cmd::CategoryQuickAdd, cmd::CategoryAdd,        cmd::CategoryRename,
+    cmd::CategoryDelete,   cmd::ContactAdd,         cmd::ListAdd,
+    cmd::MainAdd,          cmd::FileImport,         cmd::FileExportAll,
+    cmd::FileExportList,   cmd::FileExportSelected, cmd::FileSync,
+    cmd::FileSyncSettings};
 
 const std::vector<int> kMainWindowSelectionCommands = {
     cmd::ContactCopy,    cmd::ContactNoFavorite, cmd::ContactDelete, cmd::ListCopy,

@@ -86,8 +86,9 @@ QString PhonebookFromCommandLine(const QString& commandLine) {
 }
 
 QStringList UsageLines() {
-    return {msgUsage, msgUsageDetails, msgUsageConvert, msgUsageExchange, msgUsageSync,
-            msgHelpPages.arg(mCommon::ProgramDataPath(QStringLiteral("help/index.html")))};
+    return {msgUsage,        msgUsageDetails,
+            msgUsageConvert, msgUsageExchange,
+            msgUsageSync,    msgHelpPages.arg(mCommon::ProgramDataPath(QStringLiteral("help/index.html")))};
 }
 
 namespace {

@@ -385,7 +385,8 @@ ContactRecord RecordFromVCard(const VCardContact& card) {
     std::stable_sort(extra.begin(), extra.end(),
                      [](const FoundNumber& a, const FoundNumber& b) { return a.leftover < b.leftover; });
     for (int i = 0; i < extra.size(); ++i)
-        leftovers.insert(extra[i].leftover + i, extra[i].row.type + QStringLiteral(": ") + extra[i].row.value);
+        leftovers.insert(extra[i].leftover + i,
+                         extra[i].row.type + QStringLiteral(": ") + extra[i].row.value);
     if (!leftovers.isEmpty()) {
         if (!r.Comment.isEmpty()) r.Comment += QLatin1Char('\n');
         r.Comment += leftovers.join(QLatin1Char('\n'));

@@ -97,9 +97,10 @@ Form1::Form1(QWidget* parent) : QMainWindow(parent) {
     StatusBar1->setObjectName(QStringLiteral("StatusBar1"));
     setStatusBar(StatusBar1);
     m_sync = new carddav::SyncController(this, StatusBar1);
-    connect(m_sync, &carddav::SyncController::finished, this, [this](const carddav::SyncSummary&, bool changedHere) {
-        if (changedHere && !gNotConnected) mnuViewMainRefresh_Click();
-    });
+    connect(m_sync, &carddav::SyncController::finished, this,
+            [this](const carddav::SyncSummary&, bool changedHere) {
+                if (changedHere && !gNotConnected) mnuViewMainRefresh_Click();
+            });
     ProgressBar1 = new QProgressBar(this);
     ProgressBar1->setObjectName(QStringLiteral("ProgressBar1"));
     Timer1 = new QTimer(this);

@@ -214,9 +214,8 @@ TableDef SyncState() {
         .t;
 }
 
-const char* const kSyncStateTrigger =
-    "CREATE TRIGGER SyncStateContactGone AFTER DELETE ON CDs "
-    "BEGIN UPDATE SyncState SET Added = '' WHERE IDCD = OLD.IDCD; END";
+const char* const kSyncStateTrigger = "CREATE TRIGGER SyncStateContactGone AFTER DELETE ON CDs "
+                                      "BEGIN UPDATE SyncState SET Added = '' WHERE IDCD = OLD.IDCD; END";
 
 std::vector<TableDef> All() {
     return {CDs(),        Types(), Paths(),   Elements(),    SearchWhat(), SearchWhere(),

@@ -10,13 +10,13 @@
 namespace carddav {
 
 struct Account {
-    QString server;     // the address the user typed
+    QString server; // the address the user typed
     QString user;
-    QUrl book;          // the address book chosen; empty: the phonebook is not linked
-    QString bookName;   // its display name
-    int interval = 0;   // minutes between syncs while the phonebook is open; 0: at open and on demand
+    QUrl book;        // the address book chosen; empty: the phonebook is not linked
+    QString bookName; // its display name
+    int interval = 0; // minutes between syncs while the phonebook is open; 0: at open and on demand
     bool syncCollection = false; // the server offers sync-collection on the book
-    QString syncToken;  // from the last complete listing
+    QString syncToken;           // from the last complete listing
     QDateTime lastSync;
     QString lastSummary;
 

@@ -14,7 +14,8 @@ class Merger {
   public:
     Merger(const ContactRecord& base, const ContactRecord& local, const ContactRecord& remote,
            const QDateTime& when)
-        : m_base(base), m_local(local), m_remote(remote), m_when(when.toString(QStringLiteral("yyyy-MM-dd HH:mm"))) {}
+        : m_base(base), m_local(local), m_remote(remote),
+          m_when(when.toString(QStringLiteral("yyyy-MM-dd HH:mm"))) {}
 
     MergeResult run() {
         MergeResult out;
@@ -74,7 +75,8 @@ class Merger {
         Photo out;
         if (pick(Photo(m_base.Photo, m_base.PhotoExt), Photo(m_local.Photo, m_local.PhotoExt),
                  Photo(m_remote.Photo, m_remote.PhotoExt), &out))
-            note(msgPhoto, m_remote.Photo.isEmpty() ? QString() : msgExBinaryLeftOut.arg(m_remote.Photo.size()));
+            note(msgPhoto,
+                 m_remote.Photo.isEmpty() ? QString() : msgExBinaryLeftOut.arg(m_remote.Photo.size()));
         r.Photo = out.first;
         r.PhotoExt = out.second;
     }
@@ -86,8 +88,9 @@ class Merger {
         };
         Favorite out;
         if (pick(of(m_base), of(m_local), of(m_remote), &out))
-            note(msgFavorites, m_remote.Favorite ? QStringLiteral("/") + m_remote.FavoritePath.join(QLatin1Char('/'))
-                                                 : QString());
+            note(msgFavorites, m_remote.Favorite
+                                   ? QStringLiteral("/") + m_remote.FavoritePath.join(QLatin1Char('/'))
+                                   : QString());
         r.Favorite = out.first;
         r.FavoritePath = out.second;
     }

@@ -93,7 +93,8 @@ QString FailedCard(const QString& href, const QString& why) {
 } // namespace
 
 QString SyncSummary::text() const {
-    QString t = msgSyncSummary.arg(sent + deletedThere).arg(received + deletedHere).arg(merged).arg(conflicts);
+    QString t =
+        msgSyncSummary.arg(sent + deletedThere).arg(received + deletedHere).arg(merged).arg(conflicts);
     if (!error.isEmpty()) t += QStringLiteral(" ") + msgSyncStopped.arg(error);
     return t;
 }
@@ -224,7 +225,8 @@ void SyncSession::Impl::fetch(DavClient& client, const QHash<int, QString>& fetc
             const QList<exchange::VCardContact> cards = exchange::ReadVCards(res.vcard);
             if (cards.isEmpty() || cards.first().properties.isEmpty()) {
                 summary.notes << FailedCard(res.href, msgSyncUnreadableCard);
-                if (const auto s = stateOf.constFind(Key(res.href)); s != stateOf.constEnd()) answered.insert(*s);
+                if (const auto s = stateOf.constFind(Key(res.href)); s != stateOf.constEnd())
+                    answered.insert(*s);
                 continue;
             }
             Item item;
@@ -334,10 +336,12 @@ void SyncSession::Impl::plan() {
     // duplicate rule, else a new contact.
     QHash<QString, int> movedByUid;
     for (int i = 0; i < states.size(); ++i)
-        if (items[i].remoteSide == Side::Deleted && !states[i].uid.isEmpty()) movedByUid.insert(states[i].uid, i);
+        if (items[i].remoteSide == Side::Deleted && !states[i].uid.isEmpty())
+            movedByUid.insert(states[i].uid, i);
     QMultiHash<QString, int> unlinkedByName;
     for (int i = 0; i < locals.size(); ++i)
-        if (!linkedLocals.contains(i)) unlinkedByName.insert(mExchange::NormalName(locals[i].record.FullName), i);
+        if (!linkedLocals.contains(i))
+            unlinkedByName.insert(mExchange::NormalName(locals[i].record.FullName), i);
     for (int n = int(states.size()); n < items.size(); ++n) {
         Item& item = items[n];
         if (const auto moved = movedByUid.constFind(item.remoteUid);
@@ -355,7 +359,8 @@ void SyncSession::Impl::plan() {
         item.href = item.remote.href;
         item.uid = item.remoteUid;
         const QString name = mExchange::NormalName(item.remoteRecord.FullName);
-        for (auto it = unlinkedByName.constFind(name); it != unlinkedByName.constEnd() && it.key() == name; ++it)
+        for (auto it = unlinkedByName.constFind(name); it != unlinkedByName.constEnd() && it.key() == name;
+             ++it)
             if (mExchange::SameContact(locals[*it].record, item.remoteRecord)) {
                 item.local = *it;
                 unlinkedByName.erase(it);
@@ -371,7 +376,8 @@ void SyncSession::Impl::plan() {
     }
 
     for (int i = 0; i < states.size(); ++i)
-        if (items[i].remoteSide != Side::Unchanged || items[i].localSide != Side::Unchanged) planLinked(items[i]);
+        if (items[i].remoteSide != Side::Unchanged || items[i].localSide != Side::Unchanged)
+            planLinked(items[i]);
 
     // Contacts new here.
     const QString folder = account.book.path(QUrl::FullyEncoded);
@@ -382,8 +388,8 @@ void SyncSession::Impl::plan() {
         item.localSide = Side::Changed;
         item.send = Item::Send::Create;
         item.uid = QUuid::createUuid().toString(QUuid::WithoutBraces);
-        item.href = folder + (folder.endsWith(QLatin1Char('/')) ? QString() : QStringLiteral("/")) + item.uid +
-                    QStringLiteral(".vcf");
+        item.href = folder + (folder.endsWith(QLatin1Char('/')) ? QString() : QStringLiteral("/")) +
+                    item.uid + QStringLiteral(".vcf");
         item.sent = locals[i].record;
         items << item;
     }
@@ -456,7 +462,8 @@ SyncSummary SyncSession::commit() {
     // Contacts edited or removed here while the network was busy.
     QSet<qint32> watched;
     for (const Item& item : d->items)
-        if (item.here == Item::Here::Write || item.here == Item::Here::Delete) watched.insert(d->locals[item.local].idcd);
+        if (item.here == Item::Here::Write || item.here == Item::Here::Delete)
+            watched.insert(d->locals[item.local].idcd);
     QHash<qint32, mExchange::StoredContact> now;
     if (!watched.isEmpty())
         mExchange::ForEachStoredContact([&](const mExchange::StoredContact& c) {
@@ -504,7 +511,8 @@ SyncSummary SyncSession::commit() {
                     continue;
                 }
                 if (editedMeanwhile)
-                    writer.replace(idcd, MergeContact(l->record, c->record, item.write, when).record, &summary.notes);
+                    writer.replace(idcd, MergeContact(l->record, c->record, item.write, when).record,
+                                   &summary.notes);
                 else if (!goneHere)
                     writer.replace(idcd, item.write, &summary.notes);
                 if (!item.merged) ++summary.received;
@@ -574,8 +582,7 @@ SyncSummary SyncSession::commit() {
     // The version agreed on is the contact as it now stands here.
     QHash<qint32, int> readBackOf;
     for (int i = 0; i < newStates.size(); ++i)
-        if (newStates[i].readBack)
-            readBackOf.insert(newStates[i].idcd, i);
+        if (newStates[i].readBack) readBackOf.insert(newStates[i].idcd, i);
     if (!readBackOf.isEmpty())
         mExchange::ForEachStoredContact([&](const mExchange::StoredContact& c) {
             if (const auto it = readBackOf.constFind(c.idcd); it != readBackOf.constEnd())

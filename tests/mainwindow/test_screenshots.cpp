@@ -25,8 +25,8 @@
 #include "sync/secrets.h"
 
 #include <QApplication>
-#include <QLabel>
 #include <QDir>
+#include <QLabel>
 #include <QPushButton>
 #include <QStyle>
 #include <QStyleFactory>

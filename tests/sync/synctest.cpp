@@ -88,8 +88,9 @@ qint32 SyncTest::idOf(const QString& fullName) {
 }
 
 ContactRecord FullContact(int n) {
-    static const QStringList types = {"Mobile phone", "Home phone", "Work phone",  "Fax", "Email", "MSN",
-                                      "ICQ",          "AOL",        "Kid's phone", "Web page", "Email", "Phone"};
+    static const QStringList types = {"Mobile phone", "Home phone", "Work phone", "Fax",
+                                      "Email",        "MSN",        "ICQ",        "AOL",
+                                      "Kid's phone",  "Web page",   "Email",      "Phone"};
     ContactRecord c;
     c.FullName = QStringLiteral("Zoë Ångström-Łukasz %1").arg(n);
     c.Title = QStringLiteral("Head of R&D; “north” office");
@@ -100,9 +101,11 @@ ContactRecord FullContact(int n) {
     c.Zip = QStringLiteral("1200-195");
     c.Comment = QStringLiteral("Line one; with a semicolon, a comma\nline two \\ backslash\nДмитрий 王伟");
     for (int i = 0; i < exchange::kNumberRows; ++i)
-        c.Numbers << NumberRow{types[i], types[i] == QLatin1String("Email")      ? QStringLiteral("z%1.%2@example.org").arg(n).arg(i)
-                                         : types[i] == QLatin1String("Web page") ? QStringLiteral("https://example.org/%1").arg(n)
-                                                                                 : QStringLiteral("+351 21 %1 %2").arg(n).arg(100 + i)};
+        c.Numbers << NumberRow{types[i], types[i] == QLatin1String("Email")
+                                             ? QStringLiteral("z%1.%2@example.org").arg(n).arg(i)
+                                         : types[i] == QLatin1String("Web page")
+                                             ? QStringLiteral("https://example.org/%1").arg(n)
+                                             : QStringLiteral("+351 21 %1 %2").arg(n).arg(100 + i)};
     QFile photo(QStringLiteral(KELVARIN_SOURCE_DIR "/tests/exchange/data/photo.jpg"));
     if (photo.open(QIODevice::ReadOnly)) c.Photo = photo.readAll();
     c.PhotoExt = QStringLiteral("jpg");

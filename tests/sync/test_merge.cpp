@@ -70,9 +70,10 @@ TEST(Merge, NumbersMergeAsAListAndNothingIsDropped) {
     remote.Numbers << NumberRow{QStringLiteral("Fax"), QStringLiteral("22 111 1111")};
     auto m = carddav::MergeContact(Base(), local, remote, kWhen);
     EXPECT_EQ(m.conflicts, 1);
-    EXPECT_EQ(m.record.Numbers, (QList<NumberRow>{{QStringLiteral("Email"), QStringLiteral("ana@lima.example")},
-                                                  {QStringLiteral("Home phone"), QStringLiteral("22 000 0000")},
-                                                  {QStringLiteral("Fax"), QStringLiteral("22 111 1111")}}));
+    EXPECT_EQ(m.record.Numbers,
+              (QList<NumberRow>{{QStringLiteral("Email"), QStringLiteral("ana@lima.example")},
+                                {QStringLiteral("Home phone"), QStringLiteral("22 000 0000")},
+                                {QStringLiteral("Fax"), QStringLiteral("22 111 1111")}}));
 
     // The same number edited differently on both sides: both values stay.
     local = Base();

@@ -38,10 +38,12 @@ Outcome Kelvarin(const QStringList& arguments, const QString& password) {
 }
 
 TEST(SyncCommandLine, TheOptionTakesThePhonebook) {
-    mMain::CommandLine line = mMain::ReadCommandLine({QStringLiteral("--sync"), QStringLiteral("my book.kvdb")});
+    mMain::CommandLine line =
+        mMain::ReadCommandLine({QStringLiteral("--sync"), QStringLiteral("my book.kvdb")});
     EXPECT_EQ(line.action, mMain::CommandLine::Sync);
     EXPECT_EQ(line.phonebook, QStringLiteral("my book.kvdb"));
-    line = mMain::ReadCommandLine({QStringLiteral("--sync"), QStringLiteral("--export-vcard"), QStringLiteral("x")});
+    line = mMain::ReadCommandLine(
+        {QStringLiteral("--sync"), QStringLiteral("--export-vcard"), QStringLiteral("x")});
     EXPECT_EQ(line.action, mMain::CommandLine::Exchange);
 }
 
@@ -64,16 +66,19 @@ TEST_F(SyncCli, SyncsWithoutAWindowAndSaysWhyWhenItCannot) {
     // No password anywhere: the secret store is out of reach without a session bus.
     run = Kelvarin({QStringLiteral("--sync"), path(QStringLiteral("a.kvdb"))}, QString());
     EXPECT_EQ(run.code, 1);
-    EXPECT_TRUE(run.err.startsWith(QStringLiteral("kelvarin: no password for the address book"))) << run.err.toStdString();
+    EXPECT_TRUE(run.err.startsWith(QStringLiteral("kelvarin: no password for the address book")))
+        << run.err.toStdString();
     EXPECT_EQ(run.err.count(QLatin1Char('\n')), 1);
 
     run = Kelvarin({QStringLiteral("--sync"), path(QStringLiteral("a.kvdb"))}, QStringLiteral("wrong"));
     EXPECT_EQ(run.code, 1);
-    EXPECT_TRUE(run.err.contains(QStringLiteral("refused the user name or password"))) << run.err.toStdString();
+    EXPECT_TRUE(run.err.contains(QStringLiteral("refused the user name or password")))
+        << run.err.toStdString();
 
     run = Kelvarin({QStringLiteral("--sync"), path(QStringLiteral("unlinked.kvdb"))}, server.password());
     EXPECT_EQ(run.code, 1);
-    EXPECT_TRUE(run.err.contains(QStringLiteral("is not linked to an address book"))) << run.err.toStdString();
+    EXPECT_TRUE(run.err.contains(QStringLiteral("is not linked to an address book")))
+        << run.err.toStdString();
 
     server.stop();
     run = Kelvarin({QStringLiteral("--sync"), path(QStringLiteral("a.kvdb"))}, server.password());

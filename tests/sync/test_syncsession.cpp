@@ -79,14 +79,14 @@ TEST_F(Sync, EditsOnBothSidesMergeAndAConflictKeepsBothValues) {
     ASSERT_TRUE(sync().completed());
 
     ContactRecord inB = ana;
-    inB.City = QStringLiteral("Braga");       // only here
-    inB.Title = QStringLiteral("Architect");  // on both sides
+    inB.City = QStringLiteral("Braga");      // only here
+    inB.Title = QStringLiteral("Architect"); // on both sides
     replace(idOf(ana.FullName), inB);
     ASSERT_TRUE(sync().completed());
 
     use(QStringLiteral("a.kvdb"));
     ContactRecord inA = ana;
-    inA.Company = QStringLiteral("Acme");     // only here
+    inA.Company = QStringLiteral("Acme"); // only here
     inA.Title = QStringLiteral("Lead engineer");
     replace(id, inA);
     carddav::SyncSummary s = sync();

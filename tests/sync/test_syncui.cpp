@@ -9,6 +9,7 @@
 #include "sync/ui/syncsettings.h"
 
 #include <QComboBox>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -16,7 +17,6 @@
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QStatusBar>
-#include <QDir>
 #include <QTest>
 
 namespace synctest {

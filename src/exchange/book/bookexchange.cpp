@@ -209,8 +209,8 @@ void WritePhoto(dao::Recordset& rs, const ContactRecord& r, QStringList& notes) 
 
 // Writes every field of a record into a row in AddNew or Edit: the tree places, the card's
 // fields, the number rows (left empty past the record's) and the photo.
-void WriteRecord(dao::Recordset& rs, const ContactRecord& r, TypeTable& types, std::array<TreeTable, 3>& trees,
-                 QStringList& notes, bool clearPhoto) {
+void WriteRecord(dao::Recordset& rs, const ContactRecord& r, TypeTable& types,
+                 std::array<TreeTable, 3>& trees, QStringList& notes, bool clearPhoto) {
     rs.SetValue(QStringLiteral("IDC"), r.CategoryPath.isEmpty() ? 1 : trees[0].node(r.CategoryPath));
     rs.SetValue(QStringLiteral("IDX"), r.GroupPath.isEmpty() ? 1 : trees[1].node(r.GroupPath));
     rs.SetValue(QStringLiteral("IDB"), r.Favorite ? trees[2].node(r.FavoritePath) : -1);

@@ -61,7 +61,8 @@ void SyncController::accountChanged(const QString& sessionPassword) {
     }
     if (account.interval > 0) m_timer.start(account.interval * 60 * 1000);
     if (!account.lastSummary.isEmpty() && !running())
-        show(msgSyncLast.arg(QLocale().toString(account.lastSync, QLocale::ShortFormat), account.lastSummary));
+        show(
+            msgSyncLast.arg(QLocale().toString(account.lastSync, QLocale::ShortFormat), account.lastSummary));
 }
 
 void SyncController::show(const QString& text, const QString& tip) {
@@ -86,7 +87,8 @@ void SyncController::syncNow(bool interactive) {
     m_session = std::make_unique<SyncSession>(account, password);
     m_session->setProgress([this](const QString& what, int done, int total) {
         const QString text = total > 0 ? msgSyncProgress.arg(what).arg(done).arg(total) : what;
-        QMetaObject::invokeMethod(this, [this, text] { show(text); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this, text] { show(text); }, Qt::QueuedConnection);
     });
     try {
         m_session->prepare();
@@ -118,11 +120,14 @@ void SyncController::exchanged() {
         HuntERR::Report(e, "carddav.SyncController.exchanged");
         return;
     }
-    const QString text = msgSyncLast.arg(QLocale().toString(QDateTime::currentDateTime(), QLocale::ShortFormat),
-                                         summary.text());
-    show(text, summary.notes.isEmpty() ? text : text + QStringLiteral("\n") + summary.notes.join(QLatin1Char('\n')));
+    const QString text = msgSyncLast.arg(
+        QLocale().toString(QDateTime::currentDateTime(), QLocale::ShortFormat), summary.text());
+    show(text, summary.notes.isEmpty() ? text
+                                       : text + QStringLiteral("\n") + summary.notes.join(QLatin1Char('\n')));
     if (m_interactive && (!summary.completed() || !summary.notes.isEmpty()))
-        MsgBox(summary.text() + (summary.notes.isEmpty() ? QString() : QStringLiteral("\n\n") + summary.notes.join(QLatin1Char('\n'))),
+        MsgBox(summary.text() + (summary.notes.isEmpty()
+                                     ? QString()
+                                     : QStringLiteral("\n\n") + summary.notes.join(QLatin1Char('\n'))),
                vb::vbOKOnly, summary.completed() ? vb::vbInformation : vb::vbExclamation, msgSyncTitle);
     emit finished(summary, summary.received + summary.deletedHere + summary.merged > 0);
 }

@@ -103,8 +103,8 @@ SyncSettings::SyncSettings(SyncController* controller, QWidget* parent)
 }
 
 void SyncSettings::updateButtons() {
-    const bool filled = !fdServer->text().trimmed().isEmpty() && !fdUser->text().isEmpty() &&
-                        !fdPassword->text().isEmpty();
+    const bool filled =
+        !fdServer->text().trimmed().isEmpty() && !fdUser->text().isEmpty() && !fdPassword->text().isEmpty();
     bnFind->setEnabled(filled);
     bnOK->setEnabled(!filled || cbBook->currentIndex() >= 0 || fdServer->text().trimmed().isEmpty());
     bnSyncNow->setEnabled(filled && cbBook->currentIndex() >= 0);
@@ -137,7 +137,10 @@ void SyncSettings::findBooks() {
     setEnabled(true);
     cbBook->clear();
     for (const AddressBookInfo& b : books)
-        cbBook->addItem(b.displayName.isEmpty() ? b.url.toString() : b.displayName + QStringLiteral("  (") + b.url.path() + QLatin1Char(')'), b.url);
+        cbBook->addItem(b.displayName.isEmpty()
+                            ? b.url.toString()
+                            : b.displayName + QStringLiteral("  (") + b.url.path() + QLatin1Char(')'),
+                        b.url);
     if (!error.isEmpty())
         lbStatus->setText(error);
     else if (books.isEmpty())
@@ -163,7 +166,8 @@ bool SyncSettings::save() {
     account.bookName = cbBook->currentText().section(QStringLiteral("  ("), 0, 0);
     account.interval = fdInterval->value();
     if (account.book != m_account.book && m_account.linked() &&
-        MsgBox(msgSyncOtherBook, vb::vbYesNo | vb::vbDefaultButton2, vb::vbQuestion, msgSyncTitle) != vb::vbYes)
+        MsgBox(msgSyncOtherBook, vb::vbYesNo | vb::vbDefaultButton2, vb::vbQuestion, msgSyncTitle) !=
+            vb::vbYes)
         return false;
     SaveAccount(account);
     QString why;
@@ -179,7 +183,8 @@ bool SyncSettings::save() {
 
 void SyncSettings::unlink() {
     HUNT_PLACE("carddav.SyncSettings.unlink");
-    if (MsgBox(msgSyncUnlinkQuestion, vb::vbYesNo | vb::vbDefaultButton2, vb::vbQuestion, msgSyncTitle) != vb::vbYes)
+    if (MsgBox(msgSyncUnlinkQuestion, vb::vbYesNo | vb::vbDefaultButton2, vb::vbQuestion, msgSyncTitle) !=
+        vb::vbYes)
         return;
     ForgetPassword(m_account);
     SaveAccount(Account());
