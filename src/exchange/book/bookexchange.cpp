@@ -23,6 +23,7 @@
 #include <QMap>
 #include <QSet>
 
+#include <algorithm>
 #include <array>
 
 using exchange::ContactRecord;
@@ -91,15 +92,21 @@ class TreeTable {
         }
         rs.Close();
     }
-    // Names below the root; empty for the root or an unknown node.
-    QStringList path(qint32 id) const {
+    // Names below the root; empty for the root or an unknown node. Each path is spelled once.
+    QStringList path(qint32 id) {
+        const auto cached = m_paths.constFind(id);
+        if (cached != m_paths.constEnd()) return cached.value();
         QStringList names;
-        for (int guard = 0; id > 0 && guard < 1000; ++guard) {
-            const auto it = m_nodes.constFind(id);
-            if (it == m_nodes.constEnd()) return {};
+        for (qint32 at = id, guard = 0; at > 0 && guard < 1000; ++guard) {
+            const auto it = m_nodes.constFind(at);
+            if (it == m_nodes.constEnd()) {
+                names.clear();
+                break;
+            }
             names.prepend(it->name);
-            id = it->parent;
+            at = it->parent;
         }
+        m_paths.insert(id, names);
         return names;
     }
     qint32 node(const QStringList& path) {
@@ -144,6 +151,7 @@ class TreeTable {
     qint16 m_mode;
     QHash<qint32, Node> m_nodes;
     QHash<QString, qint32> m_children;
+    QHash<qint32, QStringList> m_paths;
     qint32 m_max = 0;
 };
 
@@ -354,32 +362,54 @@ ImportSummary ImportRecords(const QList<ContactRecord>& records, const ImportOpt
 
 namespace {
 
-ContactRecord RecordOfRow(const dao::Recordset& rs, const TypeTable& types,
-                          const std::array<TreeTable, 3>& trees) {
+// Where the fields of a contact stand in a row of CDs, looked up once a query.
+struct RowColumns {
+    explicit RowColumns(const dao::Recordset& rs) {
+        for (int f = 0; f < 8; ++f)
+            text[f] = rs.FieldIndex(QLatin1String(kTextFields[f]));
+        for (int n = 0; n < exchange::kNumberRows; ++n) {
+            number[n] = rs.FieldIndex(Col("Number", n + 1));
+            type[n] = rs.FieldIndex(Col("Type", n + 1));
+        }
+        photo = rs.FieldIndex(QStringLiteral("Photo"));
+        photoExt = rs.FieldIndex(QStringLiteral("PhotoExt"));
+        photoSize = rs.FieldIndex(QStringLiteral("PhotoSize"));
+        idc = rs.FieldIndex(QStringLiteral("IDC"));
+        idx = rs.FieldIndex(QStringLiteral("IDX"));
+        idb = rs.FieldIndex(QStringLiteral("IDB"));
+    }
+    int text[8];
+    int number[exchange::kNumberRows];
+    int type[exchange::kNumberRows];
+    int photo, photoExt, photoSize, idc, idx, idb;
+};
+
+ContactRecord RecordOfRow(const dao::Recordset& rs, const RowColumns& c, const TypeTable& types,
+                          std::array<TreeTable, 3>& trees) {
     ContactRecord r;
     for (int f = 0; f < 8; ++f)
-        *TextOf(r, f) = rs[QLatin1String(kTextFields[f])].toString();
-    for (int n = 1; n <= exchange::kNumberRows; ++n) {
-        const QString value = rs[Col("Number", n)].toString();
-        const QVariant type = rs[Col("Type", n)];
-        if (value.isEmpty() && type.isNull()) continue;
-        r.Numbers.append({type.isNull() ? QString() : types.name(type.toInt()), value});
+        *TextOf(r, f) = rs.Text(c.text[f]);
+    for (int n = 0; n < exchange::kNumberRows; ++n) {
+        const bool noType = rs.IsNull(c.type[n]);
+        QString value = rs.Text(c.number[n]);
+        if (value.isEmpty() && noType) continue;
+        r.Numbers.append({noType ? QString() : types.name(qint32(rs.LongAt(c.type[n]))), std::move(value)});
     }
-    const QVariant size = rs[QStringLiteral("PhotoSize")];
-    if (!size.isNull()) {
-        r.Photo = mPhotoStore::PhotoFileBytes(rs[QStringLiteral("Photo")].toByteArray(), size);
-        r.PhotoExt = rs[QStringLiteral("PhotoExt")].toString();
+    if (!rs.IsNull(c.photoSize)) {
+        r.Photo = mPhotoStore::PhotoFileBytes(rs.Value(c.photo).toByteArray(), rs.Value(c.photoSize));
+        r.PhotoExt = rs.Text(c.photoExt);
     }
-    const QVariant idc = rs[QStringLiteral("IDC")], idx = rs[QStringLiteral("IDX")],
-                   idb = rs[QStringLiteral("IDB")];
-    if (!idc.isNull()) r.CategoryPath = trees[0].path(idc.toInt());
-    if (!idx.isNull()) r.GroupPath = trees[1].path(idx.toInt());
-    if (!idb.isNull() && idb.toInt() != -1) {
+    if (!rs.IsNull(c.idc)) r.CategoryPath = trees[0].path(qint32(rs.LongAt(c.idc)));
+    if (!rs.IsNull(c.idx)) r.GroupPath = trees[1].path(qint32(rs.LongAt(c.idx)));
+    if (!rs.IsNull(c.idb) && rs.LongAt(c.idb) != -1) {
         r.Favorite = true;
-        r.FavoritePath = trees[2].path(idb.toInt());
+        r.FavoritePath = trees[2].path(qint32(rs.LongAt(c.idb)));
     }
     return r;
 }
+
+// Contacts asked for by IDCD are read this many to a query.
+constexpr int kIdsPerQuery = 500;
 
 } // namespace
 
@@ -387,7 +417,7 @@ bool ForEachContact(const QList<qint32>& ids, const std::function<bool(const Con
                     const Progress& progress) {
     HUNT_PLACE("mExchange.ForEachContact", ids.size());
     const TypeTable types;
-    const std::array<TreeTable, 3> trees{TreeTable(0), TreeTable(1), TreeTable(2)};
+    std::array<TreeTable, 3> trees{TreeTable(0), TreeTable(1), TreeTable(2)};
     int total = int(ids.size());
     if (ids.isEmpty()) {
         dao::Recordset count =
@@ -396,23 +426,32 @@ bool ForEachContact(const QList<qint32>& ids, const std::function<bool(const Con
         count.Close();
     }
     int done = 0;
-    auto step = [&](const dao::Recordset& rs) {
-        if (progress && !progress(done, total)) return false;
-        ++done;
-        return write(RecordOfRow(rs, types, trees));
+    // One query streams the rows: all of them, or the asked ones a slice of IDCDs at a time.
+    const auto stream = [&](const QString& sql) {
+        dao::Recordset rs = gDB.OpenRecordset(sql, dao::dbOpenForwardOnly);
+        const RowColumns columns(rs);
+        for (; !rs.AtEOF(); rs.MoveNext()) {
+            if (progress && !progress(done, total)) return false;
+            ++done;
+            if (!write(RecordOfRow(rs, columns, types, trees))) return false;
+        }
+        rs.Close();
+        return true;
     };
     if (ids.isEmpty()) {
-        dao::Recordset rs =
-            gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs ORDER BY IDCD"), dao::dbOpenForwardOnly);
-        for (; !rs.AtEOF(); rs.MoveNext())
-            if (!step(rs)) return false;
-        rs.Close();
+        if (!stream(QStringLiteral("SELECT * FROM CDs ORDER BY IDCD"))) return false;
     } else {
-        for (const qint32 id : ids) {
-            dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs WHERE IDCD = %1").arg(id),
-                                                  dao::dbOpenSnapshot);
-            if (!rs.AtEOF() && !step(rs)) return false;
-            rs.Close();
+        QList<qint32> sorted = ids;
+        std::sort(sorted.begin(), sorted.end());
+        sorted.erase(std::unique(sorted.begin(), sorted.end()), sorted.end());
+        total = int(sorted.size());
+        for (qsizetype at = 0; at < sorted.size(); at += kIdsPerQuery) {
+            QStringList slice;
+            for (qsizetype i = at; i < qMin(at + kIdsPerQuery, sorted.size()); ++i)
+                slice << QString::number(sorted[i]);
+            if (!stream(QStringLiteral("SELECT * FROM CDs WHERE IDCD IN (%1) ORDER BY IDCD")
+                            .arg(slice.join(QLatin1Char(',')))))
+                return false;
         }
     }
     return !progress || progress(total, total);
@@ -478,17 +517,40 @@ QList<ContactRecord> ReadCsvFile(const QString& path, QStringList* problems) {
     QFile file(path);
     OpenForReading(file);
     exchange::CsvReader reader(&file);
+    QStringList header;
+    if (!reader.next(header)) return {};
+    CsvChoice choice;
+    choice.separator = reader.separator();
+    choice.encoding = reader.encoding();
+    choice.mapping = exchange::CsvMapping(exchange::DetectCsvPreset(header), header);
+    file.close();
+    return ReadCsvFile(path, choice, problems);
+}
+
+QList<ContactRecord> ReadCsvFile(const QString& path, const CsvChoice& choice, QStringList* problems) {
+    HUNT_PLACE("mExchange.ReadCsvFile", path);
+    QFile file(path);
+    OpenForReading(file);
+    exchange::CsvReader reader(&file, choice.separator, choice.encoding);
     QStringList header, row;
     QList<ContactRecord> records;
     if (!reader.next(header)) return records;
-    const QList<exchange::CsvColumn> mapping =
-        exchange::CsvMapping(exchange::DetectCsvPreset(header), header);
     while (reader.next(row))
-        records << exchange::RecordFromCsv(mapping, header, row);
+        records << exchange::RecordFromCsv(choice.mapping, header, row);
     if (problems)
         for (const exchange::CsvProblem& p : reader.problems())
             *problems << exchange::ProblemText(p);
     return records;
+}
+
+QStringList NumberTypeNames() {
+    QStringList names;
+    dao::Recordset rs =
+        gDB.OpenRecordset(QStringLiteral("SELECT Type FROM Types ORDER BY IDTYPE"), dao::dbOpenSnapshot);
+    for (; !rs.AtEOF(); rs.MoveNext())
+        if (const QString name = rs.Text(0); !name.isEmpty() && !names.contains(name)) names << name;
+    rs.Close();
+    return names;
 }
 
 } // namespace mExchange

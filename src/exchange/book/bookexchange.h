@@ -8,6 +8,7 @@
 // stays flat whatever the size of the phonebook.
 
 #include "exchange/contactrecord.h"
+#include "exchange/csvmap.h"
 #include "exchange/vcardwriter.h"
 
 #include <QList>
@@ -78,5 +79,19 @@ bool ExportCsv(QIODevice* device, const QList<qint32>& ids, const Progress& prog
 // the file go to `problems` as lines for the user. Throws when the file cannot be read.
 QList<exchange::ContactRecord> ReadVCardFile(const QString& path, QStringList* problems = nullptr);
 QList<exchange::ContactRecord> ReadCsvFile(const QString& path, QStringList* problems = nullptr);
+
+// How to read a CSV file: its separator and encoding (null and empty: detected) and the field of
+// each of its columns.
+struct CsvChoice {
+    QChar separator;
+    QString encoding;
+    QList<exchange::CsvColumn> mapping;
+};
+// The records of a CSV file read and mapped as chosen; the first line is the header.
+QList<exchange::ContactRecord> ReadCsvFile(const QString& path, const CsvChoice& choice,
+                                           QStringList* problems = nullptr);
+
+// The names of the open phonebook's number types, in their order.
+QStringList NumberTypeNames();
 
 } // namespace mExchange
