@@ -41,8 +41,8 @@ struct MemoryWatch {
     double highest = before;
     void sample() { highest = std::max(highest, residentMb()); }
     void print(const char* what) const {
-        std::printf("    %s: resident memory %.0f MB before, at most %.0f MB during (+%.0f MB)\n", what, before,
-                    highest, highest - before);
+        std::printf("    %s: resident memory %.0f MB before, at most %.0f MB during (+%.0f MB)\n", what,
+                    before, highest, highest - before);
     }
 };
 
@@ -146,8 +146,8 @@ void bareInsert(const QList<ContactRecord>& records, qint64 firstId) {
         sqlite3_bind_int64(s, 1, id);
         sqlite3_bind_int64(s, 2, id);
         int at = 3;
-        for (const QString* t : {&r.FullName, &r.Title, &r.Company, &r.Address, &r.City, &r.State, &r.Zip,
-                                 &r.Comment})
+        for (const QString* t :
+             {&r.FullName, &r.Title, &r.Company, &r.Address, &r.City, &r.State, &r.Zip, &r.Comment})
             text(at++, *t);
         sqlite3_bind_blob(s, at++, r.Photo.constData(), int(r.Photo.size()), SQLITE_STATIC);
         text(at++, r.PhotoExt);
@@ -249,8 +249,10 @@ void phonebookImport(const bench::Context& ctx, const QTemporaryDir& dir) {
     QList<ContactRecord> records;
     for (int i = 0; i < kImported; ++i)
         records << contact(i);
-    const double insert = medianWithCleanup([&] { bareInsert(records, firstId); }, [&] { removeFrom(firstId); });
-    bench::Report(QStringLiteral("vCard import of 10,000 cards into the phonebook"), imported, ms, lines + insert);
+    const double insert =
+        medianWithCleanup([&] { bareInsert(records, firstId); }, [&] { removeFrom(firstId); });
+    bench::Report(QStringLiteral("vCard import of 10,000 cards into the phonebook"), imported, ms,
+                  lines + insert);
     std::printf("    of which reading and mapping the file %.1f ms; bare: lines of the file %.1f ms + "
                 "SQLite insert of the same rows %.1f ms; phonebook of %d contacts\n",
                 readMs, lines, insert, ctx.contacts);
@@ -274,7 +276,8 @@ void pure(const bench::Context& ctx, const QTemporaryDir& dir) {
         file.close();
         bytes = file.size();
     });
-    const double writeFloorMs = bareWriteMs(dir.filePath(QStringLiteral("floor.vcf")), bytes, FormatVCard(contact(1)));
+    const double writeFloorMs =
+        bareWriteMs(dir.filePath(QStringLiteral("floor.vcf")), bytes, FormatVCard(contact(1)));
     bench::Report(QStringLiteral("vCard writer alone, generated contacts to a file"), contacts, exportMs,
                   writeFloorMs);
     memory.print("writer");

@@ -8,8 +8,8 @@
 
 #include <QComboBox>
 #include <QDialogButtonBox>
-#include <QPushButton>
 #include <QFile>
+#include <QPushButton>
 #include <QTableWidget>
 #include <gtest/gtest.h>
 

@@ -61,14 +61,19 @@ QString Export(const VCardMapping& row) {
     if (row.target != VCardTarget::Number) return QString();
     if (!row.writeAs) return QStringLiteral("read only");
     const QString type = QString::fromLatin1(row.writeAs);
-    return Code(QString::fromLatin1(row.property) + (type.isEmpty() ? QString() : QStringLiteral(";TYPE=") + type));
+    const QString scheme = QString::fromLatin1(row.condition);
+    QString written = Code(QString::fromLatin1(row.property) +
+                           (type.isEmpty() ? QString() : QStringLiteral(";TYPE=") + type));
+    if (scheme.endsWith(QLatin1Char(':'))) written += QStringLiteral(", the value after ") + Code(scheme);
+    return written;
 }
 
 // The table as the page shows it.
 QString RenderedTable() {
-    QString html = QStringLiteral("<table id=\"vcard-mapping\">\n<tr><th>Property</th><th>When</th><th>Field of "
-                                  "the contact</th><th>Number type</th><th>Numbers of the type are "
-                                  "written as</th></tr>\n");
+    QString html =
+        QStringLiteral("<table id=\"vcard-mapping\">\n<tr><th>Property</th><th>When</th><th>Field of "
+                       "the contact</th><th>Number type</th><th>Numbers of the type are "
+                       "written as</th></tr>\n");
     for (const VCardMapping& row : exchange::VCardMappingTable())
         html += QStringLiteral("<tr><td>%1</td><td>%2</td><td>%3</td><td>%4</td><td>%5</td></tr>\n")
                     .arg(Code(QString::fromLatin1(row.property)), Condition(row), FieldOf(row.target),

@@ -426,32 +426,39 @@ bool ForEachContact(const QList<qint32>& ids, const std::function<bool(const Con
         count.Close();
     }
     int done = 0;
-    // One query streams the rows: all of them, or the asked ones a slice of IDCDs at a time.
-    const auto stream = [&](const QString& sql) {
-        dao::Recordset rs = gDB.OpenRecordset(sql, dao::dbOpenForwardOnly);
-        const RowColumns columns(rs);
-        for (; !rs.AtEOF(); rs.MoveNext()) {
-            if (progress && !progress(done, total)) return false;
-            ++done;
-            if (!write(RecordOfRow(rs, columns, types, trees))) return false;
-        }
-        rs.Close();
-        return true;
+    const auto give = [&](const ContactRecord& r) {
+        if (progress && !progress(done, total)) return false;
+        ++done;
+        return write(r);
     };
     if (ids.isEmpty()) {
-        if (!stream(QStringLiteral("SELECT * FROM CDs ORDER BY IDCD"))) return false;
-    } else {
-        QList<qint32> sorted = ids;
-        std::sort(sorted.begin(), sorted.end());
-        sorted.erase(std::unique(sorted.begin(), sorted.end()), sorted.end());
-        total = int(sorted.size());
-        for (qsizetype at = 0; at < sorted.size(); at += kIdsPerQuery) {
-            QStringList slice;
-            for (qsizetype i = at; i < qMin(at + kIdsPerQuery, sorted.size()); ++i)
-                slice << QString::number(sorted[i]);
-            if (!stream(QStringLiteral("SELECT * FROM CDs WHERE IDCD IN (%1) ORDER BY IDCD")
-                            .arg(slice.join(QLatin1Char(',')))))
-                return false;
+        // One query streams every row.
+        dao::Recordset rs =
+            gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs ORDER BY IDCD"), dao::dbOpenForwardOnly);
+        const RowColumns columns(rs);
+        for (; !rs.AtEOF(); rs.MoveNext())
+            if (!give(RecordOfRow(rs, columns, types, trees))) return false;
+        rs.Close();
+        return !progress || progress(total, total);
+    }
+    // The asked contacts a slice at a time, one query a slice, written in the order asked.
+    for (qsizetype at = 0; at < ids.size(); at += kIdsPerQuery) {
+        const QList<qint32> slice = ids.mid(at, kIdsPerQuery);
+        QStringList list;
+        for (const qint32 id : slice)
+            list << QString::number(id);
+        dao::Recordset rs = gDB.OpenRecordset(
+            QStringLiteral("SELECT * FROM CDs WHERE IDCD IN (%1)").arg(list.join(QLatin1Char(','))),
+            dao::dbOpenForwardOnly);
+        const RowColumns columns(rs);
+        const int idcd = rs.FieldIndex(QStringLiteral("IDCD"));
+        QHash<qint32, ContactRecord> found;
+        for (; !rs.AtEOF(); rs.MoveNext())
+            found.insert(qint32(rs.LongAt(idcd)), RecordOfRow(rs, columns, types, trees));
+        rs.Close();
+        for (const qint32 id : slice) {
+            const auto it = found.constFind(id);
+            if (it != found.constEnd() && !give(it.value())) return false;
         }
     }
     return !progress || progress(total, total);

@@ -63,7 +63,8 @@ QByteArray FittedPhoto(const QByteArray& file, QString* ext);
 // The contact IDCD of the open phonebook as a record.
 exchange::ContactRecord RecordOfContact(qint32 idcd);
 
-// The contacts of `ids` (every contact when empty), in IDCD order, one at a time to `write`.
+// The contacts of `ids` in the order given (every contact in IDCD order when `ids` is empty), one
+// at a time to `write`. IDs of no contact are passed over.
 // False when `write` fails or the progress callback cancels.
 bool ForEachContact(const QList<qint32>& ids,
                     const std::function<bool(const exchange::ContactRecord&)>& write,

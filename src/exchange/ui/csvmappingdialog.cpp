@@ -61,28 +61,17 @@ CsvMappingDialog::CsvMappingDialog(const QString& path, const QStringList& typeN
     setWindowTitle(msgExMapTitle);
 
     using F = CsvField;
-    m_entries = {{F::Ignore, {}, msgExMapIgnore},
-                 {F::Extra, {}, msgExMapKeep},
-                 {F::FullName, {}, msgExFieldFullName},
-                 {F::Prefix, {}, msgExFieldPrefix},
-                 {F::FirstName, {}, msgExFieldFirstName},
-                 {F::MiddleName, {}, msgExFieldMiddleName},
-                 {F::LastName, {}, msgExFieldLastName},
-                 {F::Suffix, {}, msgExFieldSuffix},
-                 {F::Title, {}, msgExFieldTitle},
-                 {F::Company, {}, msgExFieldCompany},
-                 {F::Department, {}, msgExFieldDepartment},
-                 {F::Street, {}, msgExFieldStreet},
-                 {F::Street2, {}, msgExFieldStreet2},
-                 {F::City, {}, msgExFieldCity},
-                 {F::State, {}, msgExFieldState},
-                 {F::Zip, {}, msgExFieldZip},
-                 {F::Country, {}, msgExFieldCountry},
-                 {F::Comment, {}, msgExFieldComment},
-                 {F::Category, {}, msgExFieldCategory},
-                 {F::Group, {}, msgExFieldGroup},
-                 {F::Favorite, {}, msgExFieldFavorite},
-                 {F::NumberType, {}, msgExFieldNumberType},
+    m_entries = {{F::Ignore, {}, msgExMapIgnore},           {F::Extra, {}, msgExMapKeep},
+                 {F::FullName, {}, msgExFieldFullName},     {F::Prefix, {}, msgExFieldPrefix},
+                 {F::FirstName, {}, msgExFieldFirstName},   {F::MiddleName, {}, msgExFieldMiddleName},
+                 {F::LastName, {}, msgExFieldLastName},     {F::Suffix, {}, msgExFieldSuffix},
+                 {F::Title, {}, msgExFieldTitle},           {F::Company, {}, msgExFieldCompany},
+                 {F::Department, {}, msgExFieldDepartment}, {F::Street, {}, msgExFieldStreet},
+                 {F::Street2, {}, msgExFieldStreet2},       {F::City, {}, msgExFieldCity},
+                 {F::State, {}, msgExFieldState},           {F::Zip, {}, msgExFieldZip},
+                 {F::Country, {}, msgExFieldCountry},       {F::Comment, {}, msgExFieldComment},
+                 {F::Category, {}, msgExFieldCategory},     {F::Group, {}, msgExFieldGroup},
+                 {F::Favorite, {}, msgExFieldFavorite},     {F::NumberType, {}, msgExFieldNumberType},
                  {F::Number, {}, msgExFieldNumberOwnType}};
     for (const QString& type : m_typeNames)
         m_entries.append({F::Number, type, msgExFieldNumber.arg(type)});
@@ -98,8 +87,8 @@ CsvMappingDialog::CsvMappingDialog(const QString& path, const QStringList& typeN
         Encoding->addItem(name, name);
     Preset = new QComboBox(this);
     Preset->setObjectName(QStringLiteral("Preset"));
-    for (CsvPreset p : {CsvPreset::Generic, CsvPreset::WebMail, CsvPreset::DesktopMail, CsvPreset::Thunderbird,
-                        CsvPreset::Kelvarin})
+    for (CsvPreset p : {CsvPreset::Generic, CsvPreset::WebMail, CsvPreset::DesktopMail,
+                        CsvPreset::Thunderbird, CsvPreset::Kelvarin})
         Preset->addItem(exchange::CsvPresetName(p), int(p));
 
     Columns = new QTableWidget(0, 3, this);
@@ -143,7 +132,8 @@ CsvMappingDialog::CsvMappingDialog(const QString& path, const QStringList& typeN
 
 void CsvMappingDialog::reread() {
     HUNT_PLACE("CsvMappingDialog.reread");
-    const bool first = Columns->rowCount() == 0 && m_header.isEmpty();
+    const bool first = !m_read;
+    m_read = true;
     QStringList header;
     QList<QStringList> samples;
     QFile file(m_path);
@@ -239,7 +229,8 @@ CsvChoice CsvMappingDialog::choice() const {
     for (int i = 0; i < m_header.size(); ++i) {
         const Entry& e = m_entries[fieldBox(i)->currentData().toInt()];
         const CsvColumn& preset = m_presetMap[i];
-        const bool same = preset.field == e.field && (e.field != CsvField::Number || preset.typeName == e.typeName);
+        const bool same =
+            preset.field == e.field && (e.field != CsvField::Number || preset.typeName == e.typeName);
         out.mapping << (same ? preset : CsvColumn{e.field, e.typeName, 0, QString()});
         changed << !same;
         if (same && IsAddressPart(e.field) && (addressSlot < 0 || preset.slot < addressSlot))

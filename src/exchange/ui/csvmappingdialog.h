@@ -48,6 +48,7 @@ class CsvMappingDialog : public QDialog {
     int entryOf(const exchange::CsvColumn& column);
 
     QString m_path;
+    bool m_read = false; // read once: the boxes say the separator and the encoding from now on
     QStringList m_typeNames;
     QList<Entry> m_entries;
     QStringList m_header;
