@@ -174,17 +174,29 @@ struct Known {
     QSet<QString> numbers;
 };
 
-QMultiHash<QString, Known> KnownContacts() {
+// The names of the records as the duplicate rule compares them.
+QSet<QString> NamesOf(const QList<ContactRecord>& records) {
+    QSet<QString> names;
+    for (const ContactRecord& r : records)
+        if (const QString name = NormalName(r.FullName); !name.isEmpty()) names.insert(name);
+    return names;
+}
+
+// The contacts that bear one of `names`: only they can be repeated, so memory follows the size of
+// the file, not of the phonebook.
+QMultiHash<QString, Known> KnownContacts(const QSet<QString>& names) {
     QMultiHash<QString, Known> known;
     QString sql = QStringLiteral("SELECT IDCD, FullName");
     for (int n = 1; n <= exchange::kNumberRows; ++n)
         sql += QStringLiteral(", Number%1").arg(n);
     dao::Recordset rs = gDB.OpenRecordset(sql + QStringLiteral(" FROM CDs"), dao::dbOpenSnapshot);
     for (; !rs.AtEOF(); rs.MoveNext()) {
+        QString name = NormalName(rs.Text(1));
+        if (!names.contains(name)) continue;
         Known k{qint32(rs.LongAt(0)), {}};
         for (int n = 1; n <= exchange::kNumberRows; ++n)
             if (const QString v = NormalNumber(rs.Text(n + 1)); !v.isEmpty()) k.numbers.insert(v);
-        known.insert(NormalName(rs.Text(1)), k);
+        known.insert(std::move(name), k);
     }
     rs.Close();
     return known;
@@ -222,7 +234,7 @@ void WritePhoto(dao::Recordset& rs, const ContactRecord& r, QStringList& notes) 
 
 int CountDuplicates(const QList<ContactRecord>& records) {
     HUNT_PLACE("mExchange.CountDuplicates", records.size());
-    const QMultiHash<QString, Known> known = KnownContacts();
+    const QMultiHash<QString, Known> known = KnownContacts(NamesOf(records));
     int count = 0;
     for (const ContactRecord& r : records)
         count += DuplicateOf(known, r) != 0;
@@ -262,7 +274,7 @@ ImportSummary ImportRecords(const QList<ContactRecord>& records, const ImportOpt
     TypeTable types;
     std::array<TreeTable, 3> trees{TreeTable(0), TreeTable(1), TreeTable(2)};
     QMultiHash<QString, Known> known =
-        options.checkDuplicates ? KnownContacts() : QMultiHash<QString, Known>();
+        options.checkDuplicates ? KnownContacts(NamesOf(records)) : QMultiHash<QString, Known>();
     qint32 nextId = mCard::NextContactID();
     qint64 nextNumber = mCommon::GetMaxNumber().toLongLong();
     dao::Recordset adding;
