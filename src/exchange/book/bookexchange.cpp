@@ -37,6 +37,10 @@ namespace {
 const char* const kTextFields[] = {"FullName", "Title", "Company", "Address",
                                    "City",     "State", "Zip",     "Comment"};
 
+QString ContactRecord::*const kTextMembers[] = {
+    &ContactRecord::FullName, &ContactRecord::Title, &ContactRecord::Company, &ContactRecord::Address,
+    &ContactRecord::City,     &ContactRecord::State, &ContactRecord::Zip,     &ContactRecord::Comment};
+
 QString* TextOf(ContactRecord& r, int i) {
     QString* fields[] = {&r.FullName, &r.Title, &r.Company, &r.Address,
                          &r.City,     &r.State, &r.Zip,     &r.Comment};
@@ -46,6 +50,16 @@ QString* TextOf(ContactRecord& r, int i) {
 QString Col(const char* name, int n) {
     return QString::fromLatin1(name) + QString::number(n);
 }
+
+// "Type1" to "Type12" and "Number1" to "Number12".
+QStringList Columns(const char* name) {
+    QStringList names;
+    for (int n = 1; n <= exchange::kNumberRows; ++n)
+        names << Col(name, n);
+    return names;
+}
+const QStringList kTypeColumns = Columns("Type");
+const QStringList kNumberColumns = Columns("Number");
 
 // Number types by name and by id, made on demand.
 class TypeTable {
@@ -340,24 +354,20 @@ ImportSummary ImportRecords(const QList<ContactRecord>& records, const ImportOpt
         rs.SetValue(QStringLiteral("IDC"), r.CategoryPath.isEmpty() ? 1 : trees[0].node(r.CategoryPath));
         rs.SetValue(QStringLiteral("IDX"), r.GroupPath.isEmpty() ? 1 : trees[1].node(r.GroupPath));
         rs.SetValue(QStringLiteral("IDB"), r.Favorite ? trees[2].node(r.FavoritePath) : -1);
-        mCard::CardFields fields;
-        fields.Label = mCard::LabelOfCaption(mCard::LetterCaption(r.FullName, r.Company));
-        fields.FullName = TextOrNull(r.FullName);
-        fields.Title = TextOrNull(r.Title);
-        fields.Company = TextOrNull(r.Company);
-        fields.Address = TextOrNull(r.Address);
-        fields.City = TextOrNull(r.City);
-        fields.State = TextOrNull(r.State);
-        fields.Zip = TextOrNull(r.Zip);
-        fields.Comment = TextOrNull(r.Comment);
+        // A new row is Null wherever nothing is set: only the fields the record fills are written.
+        rs.SetValue(QStringLiteral("Label"),
+                    mCard::LabelOfCaption(mCard::LetterCaption(r.FullName, r.Company)));
+        for (int f = 0; f < 8; ++f)
+            if (const QString& text = r.*kTextMembers[f]; !text.isEmpty())
+                rs.SetValue(QLatin1String(kTextFields[f]), text);
         Known entry{id, {}};
-        for (int n = 1; n <= exchange::kNumberRows && n <= r.Numbers.size(); ++n) {
-            const NumberRow& row = r.Numbers[n - 1];
-            fields.Type[size_t(n)] = row.type.isEmpty() ? QVariant() : QVariant(types.id(row.type));
-            fields.Number[size_t(n)] = TextOrNull(row.value);
-            if (!row.value.isEmpty()) entry.numbers.insert(NormalNumber(row.value));
+        for (int n = 0; n < exchange::kNumberRows && n < r.Numbers.size(); ++n) {
+            const NumberRow& row = r.Numbers[n];
+            if (!row.type.isEmpty()) rs.SetValue(kTypeColumns[n], types.id(row.type));
+            if (row.value.isEmpty()) continue;
+            rs.SetValue(kNumberColumns[n], row.value);
+            entry.numbers.insert(NormalNumber(row.value));
         }
-        mCard::WriteCardFields(rs, fields);
         WritePhoto(rs, r, summary.notes);
         rs.Update();
         if (options.checkDuplicates) known.insert(NormalName(r.FullName), entry);
