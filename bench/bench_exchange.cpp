@@ -17,6 +17,7 @@
 #include <QTemporaryDir>
 #include <algorithm>
 #include <cstdio>
+#include <malloc.h>
 #include <sqlite3.h>
 #include <unistd.h>
 
@@ -35,14 +36,28 @@ double residentMb() {
                              : 0;
 }
 
-// The highest resident memory seen while a piece of work runs.
+// Heap in use outside SQLite, in MB: what the program itself holds. SQLite's share is its page
+// cache, which the store caps (PRAGMA cache_size), and the pages of an open transaction.
+double programHeapMb() {
+    const struct mallinfo2 m = mallinfo2();
+    return (double(m.uordblks) + double(m.hblkhd) - double(sqlite3_memory_used())) / (1024.0 * 1024.0);
+}
+
+// The highest resident memory and program heap seen while a piece of work runs.
 struct MemoryWatch {
     double before = residentMb();
     double highest = before;
-    void sample() { highest = std::max(highest, residentMb()); }
+    double heapBefore = programHeapMb();
+    double heapHighest = heapBefore;
+    void sample() {
+        highest = std::max(highest, residentMb());
+        heapHighest = std::max(heapHighest, programHeapMb());
+    }
     void print(const char* what) const {
-        std::printf("    %s: resident memory %.0f MB before, at most %.0f MB during (+%.0f MB)\n", what,
-                    before, highest, highest - before);
+        std::printf("    %s: resident memory %.0f MB before, at most %.0f MB during (+%.0f MB); heap outside "
+                    "SQLite +%.1f MB; SQLite now %.1f MB\n",
+                    what, before, highest, highest - before, heapHighest - heapBefore,
+                    sqlite3_memory_used() / 1048576.0);
     }
 };
 
