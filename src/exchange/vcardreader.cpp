@@ -8,6 +8,7 @@
 #include <QBuffer>
 #include <QIODevice>
 #include <QStringDecoder>
+#include <cctype>
 
 namespace exchange {
 
@@ -67,8 +68,22 @@ bool isBase64Line(const QByteArray& line) {
     return true;
 }
 
+bool isBlank(const QByteArray& line) {
+    for (const char c : line)
+        if (!isspace(static_cast<unsigned char>(c))) return false;
+    return true;
+}
+
+// True when the line is `what` (upper case), in any case and with blanks around it. Every line is
+// asked, photos too, so it copies nothing.
 bool isCardLine(const QByteArray& line, const char* what) {
-    return upper(line.trimmed()) == what;
+    const qsizetype length = qsizetype(qstrlen(what));
+    qsizetype begin = 0, end = line.size();
+    while (begin < end && isspace(static_cast<unsigned char>(line.at(begin))))
+        ++begin;
+    while (end > begin && isspace(static_cast<unsigned char>(line.at(end - 1))))
+        --end;
+    return end - begin == length && qstrnicmp(line.constData() + begin, what, length) == 0;
 }
 
 int hexDigit(char c) {
@@ -95,10 +110,11 @@ QByteArray fromQuotedPrintable(const QByteArray& in) {
 }
 
 bool fromBase64(const QByteArray& in, QByteArray& out) {
-    QByteArray clean;
-    clean.reserve(in.size());
+    QByteArray clean(in.size(), Qt::Uninitialized);
+    char* to = clean.data();
     for (const char c : in)
-        if (c != ' ' && c != '\t' && c != '\r' && c != '\n') clean.append(c);
+        if (c != ' ' && c != '\t' && c != '\r' && c != '\n') *to++ = c;
+    clean.truncate(to - clean.constData());
     auto r = QByteArray::fromBase64Encoding(clean, QByteArray::AbortOnBase64DecodingErrors);
     if (!r) {
         // Some writers leave the padding out.
@@ -559,7 +575,7 @@ bool VCardReader::next(VCardContact& card) {
     }
     RawLine raw;
     while (d->readLogical(raw)) {
-        if (raw.text.trimmed().isEmpty()) continue;
+        if (isBlank(raw.text)) continue;
         if (isCardLine(raw.text, "BEGIN:VCARD")) {
             if (inside) {
                 // The card before never ended: it is read as far as it went.

@@ -3,6 +3,7 @@
 #include "core/error.h"
 #include "exchange/vcardmap.h"
 
+#include <QHash>
 #include <QIODevice>
 
 namespace exchange {
@@ -83,10 +84,16 @@ QStringList nameComponents(const QString& fullName) {
 }
 
 const VCardMapping* writerRow(const QString& typeName) {
-    for (const VCardMapping& row : VCardMappingTable())
-        if (row.target == VCardTarget::Number && row.writeAs && typeName == QString::fromUtf8(row.typeName))
-            return &row;
-    return nullptr;
+    // The row that writes each number type, looked up once.
+    static const QHash<QString, const VCardMapping*> rows = [] {
+        QHash<QString, const VCardMapping*> byType;
+        for (const VCardMapping& row : VCardMappingTable())
+            if (row.target == VCardTarget::Number && row.writeAs &&
+                !byType.contains(QString::fromUtf8(row.typeName)))
+                byType.insert(QString::fromUtf8(row.typeName), &row);
+        return byType;
+    }();
+    return rows.value(typeName);
 }
 
 // The property of a number whose type vCard has no word for, by the look of its value.

@@ -24,6 +24,7 @@
 #include <QMap>
 #include <QSet>
 
+#include <algorithm>
 #include <array>
 
 using exchange::ContactRecord;
@@ -37,6 +38,10 @@ namespace {
 const char* const kTextFields[] = {"FullName", "Title", "Company", "Address",
                                    "City",     "State", "Zip",     "Comment"};
 
+QString ContactRecord::*const kTextMembers[] = {
+    &ContactRecord::FullName, &ContactRecord::Title, &ContactRecord::Company, &ContactRecord::Address,
+    &ContactRecord::City,     &ContactRecord::State, &ContactRecord::Zip,     &ContactRecord::Comment};
+
 QString* TextOf(ContactRecord& r, int i) {
     QString* fields[] = {&r.FullName, &r.Title, &r.Company, &r.Address,
                          &r.City,     &r.State, &r.Zip,     &r.Comment};
@@ -46,6 +51,16 @@ QString* TextOf(ContactRecord& r, int i) {
 QString Col(const char* name, int n) {
     return QString::fromLatin1(name) + QString::number(n);
 }
+
+// "Type1" to "Type12" and "Number1" to "Number12".
+QStringList Columns(const char* name) {
+    QStringList names;
+    for (int n = 1; n <= exchange::kNumberRows; ++n)
+        names << Col(name, n);
+    return names;
+}
+const QStringList kTypeColumns = Columns("Type");
+const QStringList kNumberColumns = Columns("Number");
 
 // Number types by name and by id, made on demand.
 class TypeTable {
@@ -92,15 +107,21 @@ class TreeTable {
         }
         rs.Close();
     }
-    // Names below the root; empty for the root or an unknown node.
-    QStringList path(qint32 id) const {
+    // Names below the root; empty for the root or an unknown node. Each path is spelled once.
+    QStringList path(qint32 id) {
+        const auto cached = m_paths.constFind(id);
+        if (cached != m_paths.constEnd()) return cached.value();
         QStringList names;
-        for (int guard = 0; id > 0 && guard < 1000; ++guard) {
-            const auto it = m_nodes.constFind(id);
-            if (it == m_nodes.constEnd()) return {};
+        for (qint32 at = id, guard = 0; at > 0 && guard < 1000; ++guard) {
+            const auto it = m_nodes.constFind(at);
+            if (it == m_nodes.constEnd()) {
+                names.clear();
+                break;
+            }
             names.prepend(it->name);
-            id = it->parent;
+            at = it->parent;
         }
+        m_paths.insert(id, names);
         return names;
     }
     qint32 node(const QStringList& path) {
@@ -145,6 +166,7 @@ class TreeTable {
     qint16 m_mode;
     QHash<qint32, Node> m_nodes;
     QHash<QString, qint32> m_children;
+    QHash<qint32, QStringList> m_paths;
     qint32 m_max = 0;
 };
 
@@ -163,17 +185,29 @@ struct Known {
     QSet<QString> numbers;
 };
 
-QMultiHash<QString, Known> KnownContacts() {
+// The names of the records as the duplicate rule compares them.
+QSet<QString> NamesOf(const QList<ContactRecord>& records) {
+    QSet<QString> names;
+    for (const ContactRecord& r : records)
+        if (const QString name = NormalName(r.FullName); !name.isEmpty()) names.insert(name);
+    return names;
+}
+
+// The contacts that bear one of `names`: only they can be repeated, so memory follows the size of
+// the file, not of the phonebook.
+QMultiHash<QString, Known> KnownContacts(const QSet<QString>& names) {
     QMultiHash<QString, Known> known;
     QString sql = QStringLiteral("SELECT IDCD, FullName");
     for (int n = 1; n <= exchange::kNumberRows; ++n)
         sql += QStringLiteral(", Number%1").arg(n);
     dao::Recordset rs = gDB.OpenRecordset(sql + QStringLiteral(" FROM CDs"), dao::dbOpenSnapshot);
     for (; !rs.AtEOF(); rs.MoveNext()) {
+        QString name = NormalName(rs.Text(1));
+        if (!names.contains(name)) continue;
         Known k{qint32(rs.LongAt(0)), {}};
         for (int n = 1; n <= exchange::kNumberRows; ++n)
             if (const QString v = NormalNumber(rs.Text(n + 1)); !v.isEmpty()) k.numbers.insert(v);
-        known.insert(NormalName(rs.Text(1)), k);
+        known.insert(std::move(name), k);
     }
     rs.Close();
     return known;
@@ -246,7 +280,7 @@ QString NormalName(const QString& name) {
 
 int CountDuplicates(const QList<ContactRecord>& records) {
     HUNT_PLACE("mExchange.CountDuplicates", records.size());
-    const QMultiHash<QString, Known> known = KnownContacts();
+    const QMultiHash<QString, Known> known = KnownContacts(NamesOf(records));
     int count = 0;
     for (const ContactRecord& r : records)
         count += DuplicateOf(known, r) != 0;
@@ -286,7 +320,7 @@ ImportSummary ImportRecords(const QList<ContactRecord>& records, const ImportOpt
     TypeTable types;
     std::array<TreeTable, 3> trees{TreeTable(0), TreeTable(1), TreeTable(2)};
     QMultiHash<QString, Known> known =
-        options.checkDuplicates ? KnownContacts() : QMultiHash<QString, Known>();
+        options.checkDuplicates ? KnownContacts(NamesOf(records)) : QMultiHash<QString, Known>();
     qint32 nextId = mCard::NextContactID();
     qint64 nextNumber = mCommon::GetMaxNumber().toLongLong();
     dao::Recordset adding;
@@ -349,10 +383,24 @@ ImportSummary ImportRecords(const QList<ContactRecord>& records, const ImportOpt
         const qint32 id = nextId++;
         rs.SetValue(QStringLiteral("IDCD"), id);
         rs.SetValue(QStringLiteral("ContactNumber"), nextNumber++);
+        rs.SetValue(QStringLiteral("IDC"), r.CategoryPath.isEmpty() ? 1 : trees[0].node(r.CategoryPath));
+        rs.SetValue(QStringLiteral("IDX"), r.GroupPath.isEmpty() ? 1 : trees[1].node(r.GroupPath));
+        rs.SetValue(QStringLiteral("IDB"), r.Favorite ? trees[2].node(r.FavoritePath) : -1);
+        // A new row is Null wherever nothing is set: only the fields the record fills are written.
+        rs.SetValue(QStringLiteral("Label"),
+                    mCard::LabelOfCaption(mCard::LetterCaption(r.FullName, r.Company)));
+        for (int f = 0; f < 8; ++f)
+            if (const QString& text = r.*kTextMembers[f]; !text.isEmpty())
+                rs.SetValue(QLatin1String(kTextFields[f]), text);
         Known entry{id, {}};
-        for (const NumberRow& row : r.Numbers.mid(0, exchange::kNumberRows))
-            if (!row.value.isEmpty()) entry.numbers.insert(NormalNumber(row.value));
-        WriteRecord(rs, r, types, trees, summary.notes, false);
+        for (int n = 0; n < exchange::kNumberRows && n < r.Numbers.size(); ++n) {
+            const NumberRow& row = r.Numbers[n];
+            if (!row.type.isEmpty()) rs.SetValue(kTypeColumns[n], types.id(row.type));
+            if (row.value.isEmpty()) continue;
+            rs.SetValue(kNumberColumns[n], row.value);
+            entry.numbers.insert(NormalNumber(row.value));
+        }
+        WritePhoto(rs, r, summary.notes);
         rs.Update();
         if (options.checkDuplicates) known.insert(NormalName(r.FullName), entry);
         ++summary.imported;
@@ -368,32 +416,54 @@ ImportSummary ImportRecords(const QList<ContactRecord>& records, const ImportOpt
 
 namespace {
 
-ContactRecord RecordOfRow(const dao::Recordset& rs, const TypeTable& types,
-                          const std::array<TreeTable, 3>& trees) {
+// Where the fields of a contact stand in a row of CDs, looked up once a query.
+struct RowColumns {
+    explicit RowColumns(const dao::Recordset& rs) {
+        for (int f = 0; f < 8; ++f)
+            text[f] = rs.FieldIndex(QLatin1String(kTextFields[f]));
+        for (int n = 0; n < exchange::kNumberRows; ++n) {
+            number[n] = rs.FieldIndex(Col("Number", n + 1));
+            type[n] = rs.FieldIndex(Col("Type", n + 1));
+        }
+        photo = rs.FieldIndex(QStringLiteral("Photo"));
+        photoExt = rs.FieldIndex(QStringLiteral("PhotoExt"));
+        photoSize = rs.FieldIndex(QStringLiteral("PhotoSize"));
+        idc = rs.FieldIndex(QStringLiteral("IDC"));
+        idx = rs.FieldIndex(QStringLiteral("IDX"));
+        idb = rs.FieldIndex(QStringLiteral("IDB"));
+    }
+    int text[8];
+    int number[exchange::kNumberRows];
+    int type[exchange::kNumberRows];
+    int photo, photoExt, photoSize, idc, idx, idb;
+};
+
+ContactRecord RecordOfRow(const dao::Recordset& rs, const RowColumns& c, const TypeTable& types,
+                          std::array<TreeTable, 3>& trees) {
     ContactRecord r;
     for (int f = 0; f < 8; ++f)
-        *TextOf(r, f) = rs[QLatin1String(kTextFields[f])].toString();
-    for (int n = 1; n <= exchange::kNumberRows; ++n) {
-        const QString value = rs[Col("Number", n)].toString();
-        const QVariant type = rs[Col("Type", n)];
-        if (value.isEmpty() && type.isNull()) continue;
-        r.Numbers.append({type.isNull() ? QString() : types.name(type.toInt()), value});
+        *TextOf(r, f) = rs.Text(c.text[f]);
+    for (int n = 0; n < exchange::kNumberRows; ++n) {
+        const bool noType = rs.IsNull(c.type[n]);
+        QString value = rs.Text(c.number[n]);
+        if (value.isEmpty() && noType) continue;
+        r.Numbers.append({noType ? QString() : types.name(qint32(rs.LongAt(c.type[n]))), std::move(value)});
     }
-    const QVariant size = rs[QStringLiteral("PhotoSize")];
-    if (!size.isNull()) {
-        r.Photo = mPhotoStore::PhotoFileBytes(rs[QStringLiteral("Photo")].toByteArray(), size);
-        r.PhotoExt = rs[QStringLiteral("PhotoExt")].toString();
+    if (!rs.IsNull(c.photoSize)) {
+        r.Photo = mPhotoStore::PhotoFileBytes(rs.Value(c.photo).toByteArray(), rs.Value(c.photoSize));
+        r.PhotoExt = rs.Text(c.photoExt);
     }
-    const QVariant idc = rs[QStringLiteral("IDC")], idx = rs[QStringLiteral("IDX")],
-                   idb = rs[QStringLiteral("IDB")];
-    if (!idc.isNull()) r.CategoryPath = trees[0].path(idc.toInt());
-    if (!idx.isNull()) r.GroupPath = trees[1].path(idx.toInt());
-    if (!idb.isNull() && idb.toInt() != -1) {
+    if (!rs.IsNull(c.idc)) r.CategoryPath = trees[0].path(qint32(rs.LongAt(c.idc)));
+    if (!rs.IsNull(c.idx)) r.GroupPath = trees[1].path(qint32(rs.LongAt(c.idx)));
+    if (!rs.IsNull(c.idb) && rs.LongAt(c.idb) != -1) {
         r.Favorite = true;
-        r.FavoritePath = trees[2].path(idb.toInt());
+        r.FavoritePath = trees[2].path(qint32(rs.LongAt(c.idb)));
     }
     return r;
 }
+
+// Contacts asked for by IDCD are read this many to a query.
+constexpr int kIdsPerQuery = 500;
 
 } // namespace
 
@@ -401,7 +471,7 @@ bool ForEachContact(const QList<qint32>& ids, const std::function<bool(const Con
                     const Progress& progress) {
     HUNT_PLACE("mExchange.ForEachContact", ids.size());
     const TypeTable types;
-    const std::array<TreeTable, 3> trees{TreeTable(0), TreeTable(1), TreeTable(2)};
+    std::array<TreeTable, 3> trees{TreeTable(0), TreeTable(1), TreeTable(2)};
     int total = int(ids.size());
     if (ids.isEmpty()) {
         dao::Recordset count =
@@ -410,23 +480,39 @@ bool ForEachContact(const QList<qint32>& ids, const std::function<bool(const Con
         count.Close();
     }
     int done = 0;
-    auto step = [&](const dao::Recordset& rs) {
+    const auto give = [&](const ContactRecord& r) {
         if (progress && !progress(done, total)) return false;
         ++done;
-        return write(RecordOfRow(rs, types, trees));
+        return write(r);
     };
     if (ids.isEmpty()) {
+        // One query streams every row.
         dao::Recordset rs =
             gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs ORDER BY IDCD"), dao::dbOpenForwardOnly);
+        const RowColumns columns(rs);
         for (; !rs.AtEOF(); rs.MoveNext())
-            if (!step(rs)) return false;
+            if (!give(RecordOfRow(rs, columns, types, trees))) return false;
         rs.Close();
-    } else {
-        for (const qint32 id : ids) {
-            dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs WHERE IDCD = %1").arg(id),
-                                                  dao::dbOpenSnapshot);
-            if (!rs.AtEOF() && !step(rs)) return false;
-            rs.Close();
+        return !progress || progress(total, total);
+    }
+    // The asked contacts a slice at a time, one query a slice, written in the order asked.
+    for (qsizetype at = 0; at < ids.size(); at += kIdsPerQuery) {
+        const QList<qint32> slice = ids.mid(at, kIdsPerQuery);
+        QStringList list;
+        for (const qint32 id : slice)
+            list << QString::number(id);
+        dao::Recordset rs = gDB.OpenRecordset(
+            QStringLiteral("SELECT * FROM CDs WHERE IDCD IN (%1)").arg(list.join(QLatin1Char(','))),
+            dao::dbOpenForwardOnly);
+        const RowColumns columns(rs);
+        const int idcd = rs.FieldIndex(QStringLiteral("IDCD"));
+        QHash<qint32, ContactRecord> found;
+        for (; !rs.AtEOF(); rs.MoveNext())
+            found.insert(qint32(rs.LongAt(idcd)), RecordOfRow(rs, columns, types, trees));
+        rs.Close();
+        for (const qint32 id : slice) {
+            const auto it = found.constFind(id);
+            if (it != found.constEnd() && !give(it.value())) return false;
         }
     }
     return !progress || progress(total, total);
@@ -492,13 +578,26 @@ QList<ContactRecord> ReadCsvFile(const QString& path, QStringList* problems) {
     QFile file(path);
     OpenForReading(file);
     exchange::CsvReader reader(&file);
+    QStringList header;
+    if (!reader.next(header)) return {};
+    CsvChoice choice;
+    choice.separator = reader.separator();
+    choice.encoding = reader.encoding();
+    choice.mapping = exchange::CsvMapping(exchange::DetectCsvPreset(header), header);
+    file.close();
+    return ReadCsvFile(path, choice, problems);
+}
+
+QList<ContactRecord> ReadCsvFile(const QString& path, const CsvChoice& choice, QStringList* problems) {
+    HUNT_PLACE("mExchange.ReadCsvFile", path);
+    QFile file(path);
+    OpenForReading(file);
+    exchange::CsvReader reader(&file, choice.separator, choice.encoding);
     QStringList header, row;
     QList<ContactRecord> records;
     if (!reader.next(header)) return records;
-    const QList<exchange::CsvColumn> mapping =
-        exchange::CsvMapping(exchange::DetectCsvPreset(header), header);
     while (reader.next(row))
-        records << exchange::RecordFromCsv(mapping, header, row);
+        records << exchange::RecordFromCsv(choice.mapping, header, row);
     if (problems)
         for (const exchange::CsvProblem& p : reader.problems())
             *problems << exchange::ProblemText(p);
@@ -528,14 +627,17 @@ QString AddedText(const QVariant& dateScan) {
 void ForEachStoredContact(const std::function<bool(const StoredContact&)>& visit) {
     HUNT_PLACE("mExchange.ForEachStoredContact");
     const TypeTable types;
-    const std::array<TreeTable, 3> trees{TreeTable(0), TreeTable(1), TreeTable(2)};
+    std::array<TreeTable, 3> trees{TreeTable(0), TreeTable(1), TreeTable(2)};
     dao::Recordset rs =
         gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs ORDER BY IDCD"), dao::dbOpenForwardOnly);
+    const RowColumns columns(rs);
+    const int idcd = rs.FieldIndex(QStringLiteral("IDCD"));
+    const int dateScan = rs.FieldIndex(QStringLiteral("DateScan"));
     StoredContact c;
     for (; !rs.AtEOF(); rs.MoveNext()) {
-        c.idcd = qint32(rs[QStringLiteral("IDCD")].toInt());
-        c.added = AddedText(rs[QStringLiteral("DateScan")]);
-        c.record = RecordOfRow(rs, types, trees);
+        c.idcd = qint32(rs.LongAt(idcd));
+        c.added = AddedText(rs.Value(dateScan));
+        c.record = RecordOfRow(rs, columns, types, trees);
         if (!visit(c)) break;
     }
     rs.Close();
@@ -584,6 +686,16 @@ bool RecordWriter::replace(qint32 idcd, const ContactRecord& r, QStringList* not
     rs.Update();
     rs.Close();
     return true;
+}
+
+QStringList NumberTypeNames() {
+    QStringList names;
+    dao::Recordset rs =
+        gDB.OpenRecordset(QStringLiteral("SELECT Type FROM Types ORDER BY IDTYPE"), dao::dbOpenSnapshot);
+    for (; !rs.AtEOF(); rs.MoveNext())
+        if (const QString name = rs.Text(0); !name.isEmpty() && !names.contains(name)) names << name;
+    rs.Close();
+    return names;
 }
 
 } // namespace mExchange

@@ -8,6 +8,7 @@
 // stays flat whatever the size of the phonebook.
 
 #include "exchange/contactrecord.h"
+#include "exchange/csvmap.h"
 #include "exchange/vcardwriter.h"
 
 #include <QList>
@@ -63,7 +64,8 @@ QByteArray FittedPhoto(const QByteArray& file, QString* ext);
 // The contact IDCD of the open phonebook as a record.
 exchange::ContactRecord RecordOfContact(qint32 idcd);
 
-// The contacts of `ids` (every contact when empty), in IDCD order, one at a time to `write`.
+// The contacts of `ids` in the order given (every contact in IDCD order when `ids` is empty), one
+// at a time to `write`. IDs of no contact are passed over.
 // False when `write` fails or the progress callback cancels.
 bool ForEachContact(const QList<qint32>& ids,
                     const std::function<bool(const exchange::ContactRecord&)>& write,
@@ -115,5 +117,19 @@ class RecordWriter {
     struct Impl;
     std::unique_ptr<Impl> d;
 };
+
+// How to read a CSV file: its separator and encoding (null and empty: detected) and the field of
+// each of its columns.
+struct CsvChoice {
+    QChar separator;
+    QString encoding;
+    QList<exchange::CsvColumn> mapping;
+};
+// The records of a CSV file read and mapped as chosen; the first line is the header.
+QList<exchange::ContactRecord> ReadCsvFile(const QString& path, const CsvChoice& choice,
+                                           QStringList* problems = nullptr);
+
+// The names of the open phonebook's number types, in their order.
+QStringList NumberTypeNames();
 
 } // namespace mExchange

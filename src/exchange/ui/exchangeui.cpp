@@ -6,6 +6,7 @@
 #include "core/language.h"
 #include "core/seams.h"
 #include "exchange/book/bookexchange.h"
+#include "exchange/ui/csvmappingdialog.h"
 #include "preferences/preferences.h"
 
 #include <QApplication>
@@ -69,8 +70,14 @@ bool ImportWithDialogs(QWidget* owner) {
     const QString file = chooser.FileName;
 
     QStringList problems;
-    const QList<exchange::ContactRecord> records =
-        IsCsv(file) ? ReadCsvFile(file, &problems) : ReadVCardFile(file, &problems);
+    QList<exchange::ContactRecord> records;
+    if (IsCsv(file)) {
+        CsvMappingDialog mapping(file, NumberTypeNames(), owner);
+        if (ShowModal(&mapping, owner) != QDialog::Accepted) return false;
+        records = ReadCsvFile(file, mapping.choice(), &problems);
+    } else {
+        records = ReadVCardFile(file, &problems);
+    }
 
     ImportOptions options;
     options.checkDuplicates = true;
