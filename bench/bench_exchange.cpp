@@ -5,6 +5,7 @@
 // SQLite insert of the same rows. The resident memory is sampled during the work: it must not
 // grow with the size of the phonebook. The pure writer and reader, with no phonebook, run too.
 #include "bench/bench.h"
+#include "bench/generate.h"
 #include "core/globals.h"
 #include "exchange/book/bookexchange.h"
 #include "exchange/vcardmap.h"
@@ -60,37 +61,6 @@ struct MemoryWatch {
                     sqlite3_memory_used() / 1048576.0);
     }
 };
-
-ContactRecord contact(int i) {
-    static const char* first[] = {"Anna", "Jürgen", "Zoë", "Ólafur", "Chloé", "Bob", "Łucja", "Mateo"};
-    static const char* last[] = {"Müller", "Smith", "Durand", "O'Brien", "Nowak", "García", "Rossi", "Kim"};
-    ContactRecord c;
-    c.FullName = QStringLiteral("%1 %2 %3")
-                     .arg(QString::fromUtf8(first[i % 8]), QString::fromUtf8(last[(i / 8) % 8]))
-                     .arg(i);
-    c.Company = QStringLiteral("Company %1, Ltd.").arg(i % 997);
-    c.Title = QStringLiteral("Manager");
-    c.Address = QStringLiteral("%1 Long Street; Building B").arg(i % 500);
-    c.City = QStringLiteral("Springfield");
-    c.State = QStringLiteral("IL");
-    c.Zip = QStringLiteral("%1").arg(10000 + i % 90000);
-    if (i % 4 == 0)
-        c.Comment = QStringLiteral("Met at the fair, booth %1;\nask about the offer.").arg(i % 50);
-    c.Numbers = {
-        {QStringLiteral("Mobile phone"), QStringLiteral("+1 555 %1").arg(i, 7, 10, QLatin1Char('0'))},
-        {QStringLiteral("Work phone"), QStringLiteral("+1 555 %1").arg(i + 1, 7, 10, QLatin1Char('0'))},
-        {QStringLiteral("Email"), QStringLiteral("person%1@example.com").arg(i)}};
-    if (i % 10 == 0) {
-        // One contact in ten has a 10 KB photo.
-        QByteArray photo("\xFF\xD8\xFF\xE0", 4);
-        photo.resize(10 * 1024, char(i & 0x7F));
-        c.Photo = photo;
-        c.PhotoExt = QStringLiteral("jpg");
-    }
-    c.CategoryPath = {QStringLiteral("Business"), QStringLiteral("Customers")};
-    c.GroupPath = {QStringLiteral("Others")};
-    return c;
-}
 
 // Writes `bytes` bytes to a file in pieces of the size of one card: the floor of any writer.
 double bareWriteMs(const QString& path, qint64 bytes, const QByteArray& piece) {
@@ -250,7 +220,7 @@ void phonebookImport(const bench::Context& ctx, const QTemporaryDir& dir) {
         file.open(QIODevice::WriteOnly | QIODevice::Truncate);
         VCardWriter writer(&file);
         for (int i = 0; i < cards; ++i)
-            writer.write(contact(i));
+            writer.write(bench::GeneratedRecord(i));
     }
     const qint64 firstId = scalar("SELECT Max(IDCD) FROM CDs") + 1;
     int imported = 0;
@@ -277,7 +247,7 @@ void phonebookImport(const bench::Context& ctx, const QTemporaryDir& dir) {
     const double lines = bareReadLinesMs(path, cards);
     QList<ContactRecord> records;
     for (int i = 0; i < cards; ++i)
-        records << contact(i);
+        records << bench::GeneratedRecord(i);
     const double insert =
         medianWithCleanup([&] { bareInsert(records, firstId); }, [&] { removeFrom(firstId); });
     bench::Report(QStringLiteral("vCard import of a file of cards into the phonebook"), imported, ms,
@@ -299,14 +269,14 @@ void pure(const bench::Context& ctx, const QTemporaryDir& dir) {
         file.open(QIODevice::WriteOnly | QIODevice::Truncate);
         VCardWriter writer(&file);
         for (int i = 0; i < contacts; ++i) {
-            writer.write(contact(i));
+            writer.write(bench::GeneratedRecord(i));
             if (i % 5000 == 0) memory.sample();
         }
         file.close();
         bytes = file.size();
     });
     const double writeFloorMs =
-        bareWriteMs(dir.filePath(QStringLiteral("floor.vcf")), bytes, FormatVCard(contact(1)));
+        bareWriteMs(dir.filePath(QStringLiteral("floor.vcf")), bytes, FormatVCard(bench::GeneratedRecord(1)));
     bench::Report(QStringLiteral("vCard writer alone, generated contacts to a file"), contacts, exportMs,
                   writeFloorMs);
     memory.print("writer");

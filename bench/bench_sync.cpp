@@ -3,6 +3,7 @@
 // sync-collection. Beside each figure stands its floor: the same requests sent with the bare
 // client, cards already formatted, no phonebook touched.
 #include "bench/bench.h"
+#include "bench/generate.h"
 #include "core/globals.h"
 #include "exchange/book/bookexchange.h"
 #include "exchange/vcardwriter.h"
@@ -22,25 +23,6 @@ using exchange::ContactRecord;
 namespace {
 
 constexpr int kContacts = 1000;
-
-ContactRecord contact(int i) {
-    ContactRecord c;
-    c.FullName = QStringLiteral("Person %1 Łukasz-Müller").arg(i);
-    c.Company = QStringLiteral("Company %1, Ltd.").arg(i % 97);
-    c.City = QStringLiteral("Springfield");
-    c.Comment = i % 4 == 0 ? QStringLiteral("Met at the fair;\nask about the offer.") : QString();
-    c.Numbers = {
-        {QStringLiteral("Mobile phone"), QStringLiteral("+1 555 %1").arg(i, 7, 10, QLatin1Char('0'))},
-        {QStringLiteral("Email"), QStringLiteral("person%1@example.com").arg(i)}};
-    if (i % 10 == 0) {
-        QByteArray photo("\xFF\xD8\xFF\xE0", 4);
-        photo.resize(10 * 1024, char(i & 0x7F));
-        c.Photo = photo;
-        c.PhotoExt = QStringLiteral("jpg");
-    }
-    c.CategoryPath = {QStringLiteral("Business")};
-    return c;
-}
 
 void open(const QString& path) {
     mMain::Closing();
@@ -86,7 +68,7 @@ void run(const bench::Context& ctx) {
         dao::Transaction trans(gWS);
         mExchange::RecordWriter writer;
         for (int i = 0; i < kContacts; ++i)
-            writer.add(contact(i), nullptr, nullptr);
+            writer.add(bench::GeneratedRecord(i), nullptr, nullptr);
         trans.Commit();
     }
     link(book, server);
@@ -100,7 +82,7 @@ void run(const bench::Context& ctx) {
             QByteArray etag;
             client.put(
                 floorBook.resolved(QUrl(QStringLiteral("c%1.vcf").arg(i))),
-                exchange::FormatVCard(contact(i))
+                exchange::FormatVCard(bench::GeneratedRecord(i))
                     .replace("VERSION:4.0\r\n", "VERSION:4.0\r\nUID:c" + QByteArray::number(i) + "\r\n"),
                 QByteArray(), &etag);
         }

@@ -103,4 +103,35 @@ void Generate(int contacts) {
     gWS.CommitTrans();
 }
 
+exchange::ContactRecord GeneratedRecord(int i) {
+    static const char* first[] = {"Anna", "Jürgen", "Zoë", "Ólafur", "Chloé", "Bob", "Łucja", "Mateo"};
+    static const char* last[] = {"Müller", "Smith", "Durand", "O'Brien", "Nowak", "García", "Rossi", "Kim"};
+    exchange::ContactRecord c;
+    c.FullName = QStringLiteral("%1 %2 %3")
+                     .arg(QString::fromUtf8(first[i % 8]), QString::fromUtf8(last[(i / 8) % 8]))
+                     .arg(i);
+    c.Company = QStringLiteral("Company %1, Ltd.").arg(i % 997);
+    c.Title = QStringLiteral("Manager");
+    c.Address = QStringLiteral("%1 Long Street; Building B").arg(i % 500);
+    c.City = QStringLiteral("Springfield");
+    c.State = QStringLiteral("IL");
+    c.Zip = QStringLiteral("%1").arg(10000 + i % 90000);
+    if (i % 4 == 0)
+        c.Comment = QStringLiteral("Met at the fair, booth %1;\nask about the offer.").arg(i % 50);
+    c.Numbers = {
+        {QStringLiteral("Mobile phone"), QStringLiteral("+1 555 %1").arg(i, 7, 10, QLatin1Char('0'))},
+        {QStringLiteral("Work phone"), QStringLiteral("+1 555 %1").arg(i + 1, 7, 10, QLatin1Char('0'))},
+        {QStringLiteral("Email"), QStringLiteral("person%1@example.com").arg(i)}};
+    if (i % 10 == 0) {
+        // One contact in ten has a 10 KB photo.
+        QByteArray photo("\xFF\xD8\xFF\xE0", 4);
+        photo.resize(10 * 1024, char(i & 0x7F));
+        c.Photo = photo;
+        c.PhotoExt = QStringLiteral("jpg");
+    }
+    c.CategoryPath = {QStringLiteral("Business"), QStringLiteral("Customers")};
+    c.GroupPath = {QStringLiteral("Others")};
+    return c;
+}
+
 } // namespace bench

@@ -1,5 +1,8 @@
 #include "sync/davxml.h"
 
+#include <initializer_list>
+#include <utility>
+
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
@@ -213,41 +216,37 @@ QStringList readErrorConditions(const QByteArray& body) {
     return r.hasError() ? QStringList() : names;
 }
 
-QByteArray propfindAddressBook() {
+namespace {
+
+// A PROPFIND body asking for these properties, each a namespace and a name.
+QByteArray propfind(std::initializer_list<std::pair<QString, const char*>> properties) {
     Writer w;
     w.start(kDav, "propfind");
     w.start(kDav, "prop");
-    w.empty(kDav, "resourcetype");
-    w.empty(kDav, "displayname");
-    w.empty(kCard, "addressbook-description");
-    w.empty(kDav, "supported-report-set");
-    w.empty(kDav, "current-user-principal");
-    w.empty(kCard, "addressbook-home-set");
+    for (const auto& [ns, name] : properties)
+        w.empty(ns, name);
     w.end();
     w.end();
     return w.finish();
+}
+
+} // namespace
+
+QByteArray propfindAddressBook() {
+    return propfind({{kDav, "resourcetype"},
+                     {kDav, "displayname"},
+                     {kCard, "addressbook-description"},
+                     {kDav, "supported-report-set"},
+                     {kDav, "current-user-principal"},
+                     {kCard, "addressbook-home-set"}});
 }
 
 QByteArray propfindPrincipal() {
-    Writer w;
-    w.start(kDav, "propfind");
-    w.start(kDav, "prop");
-    w.empty(kDav, "current-user-principal");
-    w.empty(kCard, "addressbook-home-set");
-    w.end();
-    w.end();
-    return w.finish();
+    return propfind({{kDav, "current-user-principal"}, {kCard, "addressbook-home-set"}});
 }
 
 QByteArray propfindEtags() {
-    Writer w;
-    w.start(kDav, "propfind");
-    w.start(kDav, "prop");
-    w.empty(kDav, "getetag");
-    w.empty(kDav, "resourcetype");
-    w.end();
-    w.end();
-    return w.finish();
+    return propfind({{kDav, "getetag"}, {kDav, "resourcetype"}});
 }
 
 QByteArray syncCollection(const QString& token) {

@@ -4,6 +4,7 @@
 #include "core/globals.h"
 #include "phonebook/createdb.h"
 #include "phonebook/login.h"
+#include "support/fixtureprogram.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -14,31 +15,6 @@
 using mMain::CommandLine;
 
 namespace {
-
-struct Outcome {
-    int code = -1;
-    QString out, err;
-};
-
-Outcome Kelvarin(const QStringList& arguments) {
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
-        env.remove(QLatin1String(name));
-    QProcess p;
-    p.setProcessEnvironment(env);
-    p.start(QCoreApplication::applicationDirPath() + QStringLiteral("/kelvarin"), arguments);
-    Outcome run;
-    if (!p.waitForFinished(30000) || p.exitStatus() != QProcess::NormalExit) {
-        p.kill();
-        p.waitForFinished();
-        ADD_FAILURE() << "the program did not end normally";
-        return run;
-    }
-    run.code = p.exitCode();
-    run.out = QString::fromUtf8(p.readAllStandardOutput());
-    run.err = QString::fromUtf8(p.readAllStandardError());
-    return run;
-}
 
 QByteArray ReadAll(const QString& path) {
     QFile f(path);
@@ -75,15 +51,15 @@ TEST(ExchangeCommandLine, ImportAndExportRunWithoutADisplay) {
             "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:Ada\r\nTEL:+44 2\r\nEND:VCARD\r\n");
     f.close();
 
-    Outcome run = Kelvarin({QStringLiteral("--import-vcard"), in, book});
+    fixture::ProgramRun run = fixture::RunProgram({QStringLiteral("--import-vcard"), in, book});
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
     EXPECT_EQ(run.out, QStringLiteral("2 imported, 0 merged, 0 skipped\n"));
     // The same file again completes the contacts already there instead of doubling them.
-    run = Kelvarin({QStringLiteral("--import-vcard"), in, book});
+    run = fixture::RunProgram({QStringLiteral("--import-vcard"), in, book});
     EXPECT_EQ(run.out, QStringLiteral("0 imported, 2 merged, 0 skipped\n"));
 
     const QString vcf = dir.filePath(QStringLiteral("out.vcf"));
-    run = Kelvarin({QStringLiteral("--export-vcard"), vcf, book, QStringLiteral("--vcard3")});
+    run = fixture::RunProgram({QStringLiteral("--export-vcard"), vcf, book, QStringLiteral("--vcard3")});
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
     const QByteArray cards = ReadAll(vcf);
     EXPECT_EQ(cards.count("BEGIN:VCARD"), 2);
@@ -92,23 +68,25 @@ TEST(ExchangeCommandLine, ImportAndExportRunWithoutADisplay) {
     EXPECT_TRUE(cards.contains("NOTE:one\\ntwo\\; three"));
 
     const QString csv = dir.filePath(QStringLiteral("out.csv"));
-    EXPECT_EQ(Kelvarin({QStringLiteral("--export-csv"), csv, book}).code, 0);
+    EXPECT_EQ(fixture::RunProgram({QStringLiteral("--export-csv"), csv, book}).code, 0);
     const QString copy = dir.filePath(QStringLiteral("copy.kvdb"));
     ASSERT_EQ(mAccess::CreateDB(copy, false), 1);
     mMain::Closing();
-    run = Kelvarin({QStringLiteral("--import-csv"), csv, copy});
+    run = fixture::RunProgram({QStringLiteral("--import-csv"), csv, copy});
     EXPECT_EQ(run.out, QStringLiteral("2 imported, 0 merged, 0 skipped\n")) << run.err.toStdString();
     const QString again = dir.filePath(QStringLiteral("again.vcf"));
-    EXPECT_EQ(Kelvarin({QStringLiteral("--export-vcard"), again, copy, QStringLiteral("--vcard3")}).code, 0);
+    EXPECT_EQ(
+        fixture::RunProgram({QStringLiteral("--export-vcard"), again, copy, QStringLiteral("--vcard3")}).code,
+        0);
     EXPECT_EQ(ReadAll(again), cards);
 }
 
 TEST(ExchangeCommandLine, FailuresAnswerOneLineAndAStatus) {
     QTemporaryDir dir;
-    Outcome run = Kelvarin({QStringLiteral("--export-csv")});
+    fixture::ProgramRun run = fixture::RunProgram({QStringLiteral("--export-csv")});
     EXPECT_EQ(run.code, 2);
-    run = Kelvarin({QStringLiteral("--export-csv"), dir.filePath(QStringLiteral("x.csv")),
-                    dir.filePath(QStringLiteral("none.kvdb"))});
+    run = fixture::RunProgram({QStringLiteral("--export-csv"), dir.filePath(QStringLiteral("x.csv")),
+                               dir.filePath(QStringLiteral("none.kvdb"))});
     EXPECT_EQ(run.code, 1);
     EXPECT_EQ(run.err.count(QLatin1Char('\n')), 1);
     EXPECT_TRUE(run.err.startsWith(QStringLiteral("kelvarin: ")));
@@ -117,10 +95,11 @@ TEST(ExchangeCommandLine, FailuresAnswerOneLineAndAStatus) {
     const QString book = dir.filePath(QStringLiteral("book.kvdb"));
     ASSERT_EQ(mAccess::CreateDB(book, false), 1);
     mMain::Closing();
-    run = Kelvarin({QStringLiteral("--import-vcard"), dir.filePath(QStringLiteral("missing.vcf")), book});
+    run = fixture::RunProgram(
+        {QStringLiteral("--import-vcard"), dir.filePath(QStringLiteral("missing.vcf")), book});
     EXPECT_EQ(run.code, 1);
     EXPECT_EQ(run.err.count(QLatin1Char('\n')), 1) << run.err.toStdString();
-    run = Kelvarin(
+    run = fixture::RunProgram(
         {QStringLiteral("--export-vcard"), dir.filePath(QStringLiteral("no/such/folder.vcf")), book});
     EXPECT_EQ(run.code, 1);
     EXPECT_EQ(run.err.count(QLatin1Char('\n')), 1) << run.err.toStdString();

@@ -74,7 +74,11 @@ void expectValue(const QVariant& got, const QJsonValue& want, const QString& whe
 // gives them; `fix` may change an expected row first.
 void expectTables(const QJsonObject& schema, const QJsonObject& tables,
                   const std::function<void(const QString&, QJsonObject&)>& fix = {}) {
-    EXPECT_EQ(gDB.TableDefs().Names().size(), schema.size());
+    QStringList names = gDB.TableDefs().Names();
+    // The upgrade adds the tables of address-book sync to every phonebook it opens for writing.
+    EXPECT_EQ(names.removeAll(QStringLiteral("SyncAccount")) + names.removeAll(QStringLiteral("SyncState")),
+              2);
+    EXPECT_EQ(names.size(), schema.size());
     for (const QString& table : schema.keys()) {
         const QJsonArray fields = schema.value(table).toObject().value(QStringLiteral("fields")).toArray();
         const QJsonArray rows = tables.value(table).toArray();

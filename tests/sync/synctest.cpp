@@ -7,8 +7,6 @@
 #include "sync/account.h"
 #include "trees/deletecd.h"
 
-#include <QFile>
-
 using exchange::ContactRecord;
 using exchange::NumberRow;
 
@@ -87,35 +85,6 @@ qint32 SyncTest::idOf(const QString& fullName) {
     return id;
 }
 
-ContactRecord FullContact(int n) {
-    static const QStringList types = {"Mobile phone", "Home phone", "Work phone", "Fax",
-                                      "Email",        "MSN",        "ICQ",        "AOL",
-                                      "Kid's phone",  "Web page",   "Email",      "Phone"};
-    ContactRecord c;
-    c.FullName = QStringLiteral("Zoë Ångström-Łukasz %1").arg(n);
-    c.Title = QStringLiteral("Head of R&D; “north” office");
-    c.Company = QStringLiteral("Société Générale d'Études");
-    c.Address = QStringLiteral("Rua das Flores 12\n3º esq.");
-    c.City = QStringLiteral("Lisboa");
-    c.State = QStringLiteral("Lx");
-    c.Zip = QStringLiteral("1200-195");
-    c.Comment = QStringLiteral("Line one; with a semicolon, a comma\nline two \\ backslash\nДмитрий 王伟");
-    for (int i = 0; i < exchange::kNumberRows; ++i)
-        c.Numbers << NumberRow{types[i], types[i] == QLatin1String("Email")
-                                             ? QStringLiteral("z%1.%2@example.org").arg(n).arg(i)
-                                         : types[i] == QLatin1String("Web page")
-                                             ? QStringLiteral("https://example.org/%1").arg(n)
-                                             : QStringLiteral("+351 21 %1 %2").arg(n).arg(100 + i)};
-    QFile photo(QStringLiteral(KELVARIN_SOURCE_DIR "/tests/exchange/data/photo.jpg"));
-    if (photo.open(QIODevice::ReadOnly)) c.Photo = photo.readAll();
-    c.PhotoExt = QStringLiteral("jpg");
-    c.CategoryPath = {QStringLiteral("Work"), QStringLiteral("Lisboa")};
-    c.GroupPath = {QStringLiteral("Partners")};
-    c.Favorite = true;
-    c.FavoritePath = {QStringLiteral("Team")};
-    return c;
-}
-
 ContactRecord Named(const QString& fullName, const QString& number) {
     ContactRecord c;
     c.FullName = fullName;
@@ -124,18 +93,3 @@ ContactRecord Named(const QString& fullName, const QString& number) {
 }
 
 } // namespace synctest
-
-namespace exchange {
-void PrintTo(const ContactRecord& r, std::ostream* os) {
-    *os << "\n  FullName=" << r.FullName.toStdString() << "\n  Title=" << r.Title.toStdString()
-        << "\n  Company=" << r.Company.toStdString() << "\n  Address=" << r.Address.toStdString() << " | "
-        << r.City.toStdString() << " | " << r.State.toStdString() << " | " << r.Zip.toStdString()
-        << "\n  Comment=" << r.Comment.toStdString() << "\n  Photo=" << r.Photo.size() << " bytes ."
-        << r.PhotoExt.toStdString() << "\n  Numbers=";
-    for (const NumberRow& n : r.Numbers)
-        *os << "[" << n.type.toStdString() << ": " << n.value.toStdString() << "] ";
-    *os << "\n  Category=" << r.CategoryPath.join(QLatin1Char('|')).toStdString()
-        << " Group=" << r.GroupPath.join(QLatin1Char('|')).toStdString() << " Favorite=" << r.Favorite << ":"
-        << r.FavoritePath.join(QLatin1Char('|')).toStdString();
-}
-} // namespace exchange

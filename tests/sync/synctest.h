@@ -5,10 +5,10 @@
 #include "exchange/contactrecord.h"
 #include "support/fixture.h"
 #include "support/fixtureradicale.h"
+#include "support/fixturerecords.h"
 #include "sync/syncsession.h"
 
 #include <QUrl>
-#include <ostream>
 
 namespace synctest {
 
@@ -34,12 +34,7 @@ class SyncTest : public fixture::TempDirTest {
     QUrl book;
 };
 
-// A contact with every field, twelve numbers and a photo, different for each n.
-exchange::ContactRecord FullContact(int n);
+using fixture::FullContact;
 exchange::ContactRecord Named(const QString& fullName, const QString& number);
 
 } // namespace synctest
-
-namespace exchange {
-void PrintTo(const ContactRecord& r, std::ostream* os);
-} // namespace exchange

@@ -6,6 +6,7 @@
 #include "support/fixtureradicale.h"
 #include "sync/davclient.h"
 #include "sync/davxml.h"
+#include "synctest.h"
 
 #include <QElapsedTimer>
 #include <QSet>
@@ -68,24 +69,13 @@ HPgDnChZyrweTECucDZsLd/YrM6SCIsJNpeAt+NEbRTcKTrGn2AF2mI0
 -----END PRIVATE KEY-----
 )";
 
-class DavClientTest : public fixture::TempDirTest {
+class DavClientTest : public synctest::SyncTest {
   protected:
-    void SetUp() override {
-        TempDirTest::SetUp();
-        QString reason;
-        if (!fixture::RadicaleServer::available(&reason)) GTEST_SKIP() << reason.toStdString();
-        ASSERT_TRUE(server.start(path(QStringLiteral("radicale")))) << server.log().toStdString();
-        book = server.createAddressBook(QStringLiteral("contacts"));
-        ASSERT_FALSE(book.isEmpty()) << server.log().toStdString();
-    }
     std::unique_ptr<DavClient> client(const QUrl& url) {
         return std::make_unique<DavClient>(url, server.user(), server.password());
     }
     std::unique_ptr<DavClient> client() { return client(server.url()); }
     QUrl member(const QString& name) const { return book.resolved(QUrl(name)); }
-
-    fixture::RadicaleServer server;
-    QUrl book;
 };
 
 } // namespace

@@ -3,38 +3,16 @@
 
 #include "app/commandline.h"
 #include "phonebook/login.h"
+#include "support/fixtureprogram.h"
 #include "sync/account.h"
-
-#include <QCoreApplication>
-#include <QProcess>
 
 namespace synctest {
 namespace {
 
-struct Outcome {
-    int code = -1;
-    QString out, err;
-};
-
-Outcome Kelvarin(const QStringList& arguments, const QString& password) {
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "DBUS_SESSION_BUS_ADDRESS"})
-        env.remove(QLatin1String(name));
+fixture::ProgramRun Kelvarin(const QStringList& arguments, const QString& password) {
+    QMap<QString, QString> env;
     if (!password.isEmpty()) env.insert(QStringLiteral("KELVARIN_SYNC_PASSWORD"), password);
-    QProcess p;
-    p.setProcessEnvironment(env);
-    p.start(QCoreApplication::applicationDirPath() + QStringLiteral("/kelvarin"), arguments);
-    Outcome run;
-    if (!p.waitForFinished(60000) || p.exitStatus() != QProcess::NormalExit) {
-        p.kill();
-        p.waitForFinished();
-        ADD_FAILURE() << "the program did not end normally";
-        return run;
-    }
-    run.code = p.exitCode();
-    run.out = QString::fromUtf8(p.readAllStandardOutput());
-    run.err = QString::fromUtf8(p.readAllStandardError());
-    return run;
+    return fixture::RunProgram(arguments, env);
 }
 
 TEST(SyncCommandLine, TheOptionTakesThePhonebook) {
@@ -58,7 +36,8 @@ TEST_F(SyncCli, SyncsWithoutAWindowAndSaysWhyWhenItCannot) {
     link();
     mMain::Closing();
 
-    Outcome run = Kelvarin({QStringLiteral("--sync"), path(QStringLiteral("a.kvdb"))}, server.password());
+    fixture::ProgramRun run =
+        Kelvarin({QStringLiteral("--sync"), path(QStringLiteral("a.kvdb"))}, server.password());
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
     EXPECT_EQ(run.out.trimmed(), QStringLiteral("Sent 2, received 0, merged 0, conflicts 0"));
     EXPECT_TRUE(run.err.isEmpty()) << run.err.toStdString();

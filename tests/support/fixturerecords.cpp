@@ -1,8 +1,8 @@
-#include "exchangetest.h"
+#include "support/fixturerecords.h"
 
 #include <QStringList>
 
-namespace exchangetest {
+namespace fixture {
 
 exchange::ContactRecord FullContact(int n) {
     static const char* types[] = {"Mobile phone", "Home phone", "Work phone",  "Fax",
@@ -44,7 +44,7 @@ exchange::ContactRecord FullContact(int n) {
     return c;
 }
 
-} // namespace exchangetest
+} // namespace fixture
 
 namespace exchange {
 void PrintTo(const ContactRecord& r, std::ostream* os) {
