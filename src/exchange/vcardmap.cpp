@@ -122,9 +122,27 @@ const VCardMapping* rowFor(const VCardProperty& p, QString* handle) {
     return nullptr;
 }
 
+// A tree path of X-KELVARIN-CATEGORY, -GROUP or -FAVORITE: names joined by "/", with %2F and %25
+// within a name. A value of several components is a path given name by name.
 QStringList pathOf(const QStringList& components) {
-    if (components.size() == 1 && components.first().isEmpty()) return {};
-    return components;
+    if (components.size() != 1) return components;
+    if (components.first().isEmpty()) return {};
+    QStringList path;
+    for (const QString& written : components.first().split(QLatin1Char('/'))) {
+        QString name;
+        for (qsizetype i = 0; i < written.size(); ++i) {
+            const QStringView code = QStringView(written).mid(i, 3);
+            if (code.compare(QLatin1String("%2F"), Qt::CaseInsensitive) == 0 ||
+                code == QLatin1String("%25")) {
+                name += code.at(2) == QLatin1Char('5') ? QLatin1Char('%') : QLatin1Char('/');
+                i += 2;
+            } else {
+                name += written.at(i);
+            }
+        }
+        path << name;
+    }
+    return path;
 }
 
 QStringList pathOfCategory(const QString& text) {

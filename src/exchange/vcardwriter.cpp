@@ -182,8 +182,14 @@ void writePhoto(Card& card, const ContactRecord& c) {
     }
 }
 
+// A tree path as one text: the names joined by "/", a "/" or "%" within a name written as %2F or
+// %25. One plain text survives servers that rewrite the separators of values they do not know.
 void writePath(Card& card, const QByteArray& property, const QStringList& path) {
-    card.add(property, structuredValue(path.isEmpty() ? QStringList{QString()} : path, card.version()));
+    QStringList names;
+    for (QString name : path)
+        names << name.replace(QLatin1Char('%'), QStringLiteral("%25"))
+                     .replace(QLatin1Char('/'), QStringLiteral("%2F"));
+    card.add(property, structuredValue({names.join(QLatin1Char('/'))}, card.version()));
 }
 
 } // namespace

@@ -235,6 +235,17 @@ TEST(VCardRead, NumbersKeepTheOrderOfTheirGroups) {
     EXPECT_EQ(r.Numbers[2].value, QStringLiteral("1"));
 }
 
+TEST(VCardRead, TreePathsSurviveAServerThatRewritesSeparators) {
+    // A server that escapes every ";" of a property it does not know hands this back.
+    const QByteArray card =
+        "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:Ann\r\n"
+        "X-KELVARIN-GROUP:Clubs/Schach\\; K%2Fln %25\r\nX-KELVARIN-FAVORITE:\r\nEND:VCARD\r\n";
+    const ContactRecord r = RecordFromVCard(ReadVCards(card).value(0));
+    EXPECT_EQ(r.GroupPath, (QStringList{QStringLiteral("Clubs"), QStringLiteral("Schach; K/ln %")}));
+    EXPECT_TRUE(r.Favorite);
+    EXPECT_TRUE(r.FavoritePath.isEmpty());
+}
+
 TEST(VCardRead, ManyCardsLineEndsAndFolding) {
     // LF, CRLF and a tab fold; one card written on many lines of a single property.
     const QByteArray file = "\xEF\xBB\xBF"
