@@ -38,7 +38,7 @@ bool SyncController::mayRun() const {
 void SyncController::phonebookOpened() {
     m_password.clear();
     accountChanged();
-    if (m_timer.isActive() || (mayRun() && LoadAccount().linked())) syncNow(false);
+    syncNow(false); // a sync only when the phonebook is linked and may be written
 }
 
 void SyncController::cancelRunning() {
