@@ -10,6 +10,8 @@
 
 #include <QComboBox>
 #include <QDir>
+#include <QFile>
+#include <QSettings>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -72,7 +74,15 @@ TEST_F(SyncUi, SettingsFindTheAddressBooksAndLinkThePhonebook) {
     EXPECT_EQ(account.book, book);
     EXPECT_EQ(account.user, server.user());
     EXPECT_EQ(account.interval, 5);
-    EXPECT_EQ(m_secrets.value(carddav::SecretKey(account)), server.password()); // never in the phonebook
+    EXPECT_EQ(m_secrets.value(carddav::SecretKey(account)), server.password());
+    // Neither the phonebook nor the settings hold it.
+    mMain::Closing();
+    QFile book(path(QStringLiteral("a.kvdb")));
+    ASSERT_TRUE(book.open(QIODevice::ReadOnly));
+    EXPECT_FALSE(book.readAll().contains(server.password().toUtf8()));
+    QSettings settings;
+    for (const QString& key : settings.allKeys())
+        EXPECT_NE(settings.value(key).toString(), server.password()) << key.toStdString();
 }
 
 TEST_F(SyncUi, ASyncRunsBesideTheWindowAndShowsItsResult) {
