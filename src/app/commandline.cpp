@@ -108,6 +108,16 @@ QString PhonebookOrLast(QString book) {
     return PhonebookFromCommandLine(book);
 }
 
+const QString kError = QStringLiteral("kelvarin: ");
+
+// Closes the phonebook and says on the standard error, in one line, why the command failed.
+int Failed(const QString& why) {
+    mMain::Closing();
+    HuntERR::ClearPendingStack();
+    printLine(stderr, kError + why);
+    return 1;
+}
+
 // Opens the phonebook of a command; one opened for writing is brought up to date first.
 void OpenForCommand(const QString& book, bool readOnly) {
     gDBPath = book;
@@ -153,17 +163,13 @@ int RunConvert(const CommandLine& line) {
 }
 
 int RunExchange(const CommandLine& line) {
-    const QString error = QStringLiteral("kelvarin: ");
     if (line.exchangeFile.isEmpty()) {
-        printLine(stderr, error + msgExNeedsFile.arg(line.exchangeOption));
+        printLine(stderr, kError + msgExNeedsFile.arg(line.exchangeOption));
         return 2;
     }
     const QString file = PhonebookFromCommandLine(line.exchangeFile);
     const QString book = PhonebookOrLast(line.exchangePhonebook);
-    if (!QFileInfo(book).isFile()) {
-        printLine(stderr, error + msgExNoPhonebook.arg(book));
-        return 1;
-    }
+    if (!QFileInfo(book).isFile()) return Failed(msgExNoPhonebook.arg(book));
     const bool import = line.exchangeOption.startsWith(QLatin1String("--import"));
     const bool vcard = line.exchangeOption.endsWith(QLatin1String("vcard"));
     try {
@@ -183,61 +189,36 @@ int RunExchange(const CommandLine& line) {
                                                          line.vcard3 ? exchange::VCardVersion::V30
                                                                      : exchange::VCardVersion::V40)
                                 : mExchange::ExportCsv(&out, {});
-            if (!written || !out.commit()) {
-                mMain::Closing();
-                printLine(stderr, error + msgExCannotWrite.arg(file));
-                return 1;
-            }
+            if (!written || !out.commit()) return Failed(msgExCannotWrite.arg(file));
         }
     } catch (const HuntERR::Error& e) {
-        mMain::Closing();
-        HuntERR::ClearPendingStack();
-        printLine(stderr, error + e.Description());
-        return 1;
+        return Failed(e.Description());
     }
     mMain::Closing();
     return 0;
 }
 
 int RunSync(const CommandLine& line) {
-    const QString error = QStringLiteral("kelvarin: ");
     const QString book = PhonebookOrLast(line.phonebook);
-    if (!QFileInfo(book).isFile()) {
-        printLine(stderr, error + msgExNoPhonebook.arg(book));
-        return 1;
-    }
+    if (!QFileInfo(book).isFile()) return Failed(msgExNoPhonebook.arg(book));
     try {
         OpenForCommand(book, false);
         const carddav::Account account = carddav::LoadAccount();
-        if (!account.linked()) {
-            mMain::Closing();
-            printLine(stderr, error + msgSyncNotLinked.arg(book));
-            return 1;
-        }
+        if (!account.linked()) return Failed(msgSyncNotLinked.arg(book));
         // For timers on machines without a secret store, the password may come from the
         // environment instead.
         QString why;
         QString password = qEnvironmentVariable("KELVARIN_SYNC_PASSWORD");
         if (password.isEmpty()) password = carddav::ReadPassword(account, &why);
-        if (password.isEmpty()) {
-            mMain::Closing();
-            printLine(stderr, error + msgSyncNoPassword.arg(why));
-            return 1;
-        }
+        if (password.isEmpty()) return Failed(msgSyncNoPassword.arg(why));
         const carddav::SyncSummary summary = carddav::SyncNow(password);
         mMain::Closing();
         printLine(stdout, summary.text());
         for (const QString& note : summary.notes)
             printLine(stdout, note);
-        if (!summary.completed()) {
-            printLine(stderr, error + summary.error);
-            return 1;
-        }
+        if (!summary.completed()) return Failed(summary.error);
     } catch (const HuntERR::Error& e) {
-        mMain::Closing();
-        HuntERR::ClearPendingStack();
-        printLine(stderr, error + e.Description());
-        return 1;
+        return Failed(e.Description());
     }
     return 0;
 }

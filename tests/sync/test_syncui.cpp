@@ -11,11 +11,11 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
-#include <QSettings>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPushButton>
+#include <QSettings>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QStatusBar>
