@@ -9,6 +9,7 @@
 #include "sync/ui/syncsettings.h"
 
 #include <QComboBox>
+#include <QDialog>
 #include <QDir>
 #include <QFile>
 #include <QLabel>
@@ -108,6 +109,27 @@ TEST_F(SyncUi, ASyncRunsBesideTheWindowAndShowsItsResult) {
     mMain::Closing();
     EXPECT_FALSE(controller.running());
     EXPECT_FALSE(finished.wait(500));
+}
+
+TEST_F(SyncUi, WhatASyncBringsWaitsWhileAModalWindowIsOpen) {
+    add(Named(QStringLiteral("Ana"), QStringLiteral("1")));
+    link();
+    m_secrets.insert(carddav::SecretKey(carddav::LoadAccount()), server.password());
+    QMainWindow window;
+    carddav::SyncController controller(&window, window.statusBar());
+    QSignalSpy finished(&controller, &carddav::SyncController::finished);
+    QDialog card; // as the contact card, which writes its contact back on OK
+    card.setModal(true);
+    card.show();
+    controller.syncNow(false);
+    EXPECT_FALSE(controller.running()); // the interval's sync waits for a later turn
+    controller.syncNow(true);           // the user's own goes to the network at once...
+    EXPECT_TRUE(controller.running());
+    EXPECT_FALSE(finished.wait(2000)); // ...but writes nothing while the window is open
+    EXPECT_TRUE(controller.running());
+    card.close();
+    ASSERT_TRUE(finished.wait(10000));
+    EXPECT_EQ(finished.at(0).at(0).value<carddav::SyncSummary>().sent, 1);
 }
 
 TEST_F(SyncUi, WithoutASecretStoreThePasswordLastsTheSession) {

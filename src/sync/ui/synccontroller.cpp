@@ -8,6 +8,7 @@
 #include "phonebook/login.h"
 #include "sync/secrets.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QStatusBar>
 #include <QThread>
@@ -74,6 +75,8 @@ void SyncController::show(const QString& text, const QString& tip) {
 void SyncController::syncNow(bool interactive) {
     HUNT_PLACE("carddav.SyncController.syncNow", interactive);
     if (running() || !mayRun()) return;
+    // A sync of its own accord waits while a window such as the contact card is open.
+    if (!interactive && QApplication::activeModalWidget()) return;
     const Account account = LoadAccount();
     if (!account.linked()) return;
     QString why;
@@ -106,10 +109,21 @@ void SyncController::syncNow(bool interactive) {
 }
 
 void SyncController::exchanged() {
-    HUNT_PLACE("carddav.SyncController.exchanged");
     if (!m_thread) return; // cancelled and waited for already
     m_thread->deleteLater();
     m_thread = nullptr;
+    commitWhenFree();
+}
+
+void SyncController::commitWhenFree() {
+    HUNT_PLACE("carddav.SyncController.commitWhenFree");
+    if (!m_session) return; // cancelled meanwhile
+    // A window such as the contact card may hold a contact the commit would change under it, and
+    // write it back over the change: the commit waits until the window is closed.
+    if (QApplication::activeModalWidget()) {
+        QTimer::singleShot(500, this, &SyncController::commitWhenFree);
+        return;
+    }
     std::unique_ptr<SyncSession> session = std::move(m_session);
     // Another phonebook may be open by now: what the sync brought belongs to the one it read.
     if (m_cancel || !mayRun() || gDBPath != m_path) return;

@@ -32,8 +32,10 @@ class SyncController : public QObject {
     // The account changed in the settings: the interval and the password for this session.
     void accountChanged(const QString& sessionPassword = QString());
     // Starts a sync. `interactive`: a failure, notes or a missing password are told in a window.
+    // One of its own accord (at open, at the interval) is skipped while a modal window is open.
     void syncNow(bool interactive);
-    bool running() const { return m_thread != nullptr; }
+    // A sync is on its way: on the network, or waiting to write what it brought.
+    bool running() const { return m_thread != nullptr || m_session != nullptr; }
 
   signals:
     // A sync ended and wrote its result; `changedHere` when contacts of the phonebook changed.
@@ -43,6 +45,7 @@ class SyncController : public QObject {
     // Before the phonebook closes: a running sync is cancelled and nothing more is written.
     void cancelRunning();
     void exchanged();
+    void commitWhenFree();
     void show(const QString& text, const QString& tip = QString());
     bool mayRun() const;
 
