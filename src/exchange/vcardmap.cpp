@@ -184,6 +184,29 @@ QString leftoverValue(const VCardProperty& p) {
 
 } // namespace
 
+QList<UnplacedProperty> UnplacedProperties(const VCardContact& card) {
+    QHash<QString, QString> groupLabels;
+    QHash<QString, const VCardProperty*> labelLines;
+    for (const VCardProperty& p : card.properties)
+        if (p.name == QLatin1String("X-ABLABEL") && !p.group.isEmpty()) {
+            labelLines.insert(p.group, &p);
+            if (!isSystemLabel(p.text())) groupLabels.insert(p.group, p.text());
+        }
+    QList<UnplacedProperty> unplaced;
+    for (const VCardProperty& p : card.properties) {
+        QString handle;
+        if (rowFor(p, &handle)) continue;
+        const QString value = leftoverValue(p);
+        if (value.trimmed().isEmpty()) continue;
+        unplaced.append({p, leftoverLabel(p, groupLabels) + QStringLiteral(": ") + value});
+        if (const VCardProperty* label = labelLines.value(p.group)) {
+            unplaced.append({*label, QString()});
+            labelLines.remove(p.group);
+        }
+    }
+    return unplaced;
+}
+
 QString PictureExtension(const QByteArray& bytes, const QString& mediaType) {
     if (bytes.startsWith("\xFF\xD8\xFF")) return QStringLiteral("jpg");
     if (bytes.startsWith("\x89PNG")) return QStringLiteral("png");

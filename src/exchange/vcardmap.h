@@ -51,6 +51,16 @@ bool NumberOf(const VCardProperty& property, const QString* label, NumberRow* ro
 // The contact a card describes.
 ContactRecord RecordFromVCard(const VCardContact& card);
 
+// A property no field takes (a birthday, a nickname, a property nobody here knows) and the line
+// of the comment that RecordFromVCard makes of it.
+struct UnplacedProperty {
+    VCardProperty property;
+    QString commentLine;
+};
+// The card's unplaced properties in card order, with the labels of their groups (item1.X-ABLabel)
+// among them where they have one.
+QList<UnplacedProperty> UnplacedProperties(const VCardContact& card);
+
 // Extension of a picture from its first bytes, else from its media type ("image/png" -> "png");
 // empty when neither tells.
 QString PictureExtension(const QByteArray& bytes, const QString& mediaType = QString());

@@ -215,6 +215,44 @@ QByteArray FoldLine(const QByteArray& line) {
     return out;
 }
 
+QByteArray FormatProperty(const VCardProperty& p, VCardVersion v) {
+    QByteArray line = p.group.isEmpty() ? QByteArray() : p.group.toUtf8() + '.';
+    line += p.name.toUtf8();
+    for (const VCardParameter& parameter : p.parameters) {
+        // How the value is coded is said anew below.
+        if (parameter.name == QLatin1String("ENCODING") || parameter.name == QLatin1String("CHARSET") ||
+            (p.isBinary() && (parameter.name == QLatin1String("VALUE") ||
+                              (v == VCardVersion::V30 && parameter.name == QLatin1String("TYPE")))))
+            continue;
+        QByteArrayList values;
+        for (const QString& value : parameter.values)
+            values << parameterValue(value, v);
+        line += ';' + parameter.name.toUtf8() + (values.isEmpty() ? QByteArray() : '=' + values.join(','));
+    }
+    QByteArray value;
+    if (p.isBinary()) {
+        const QString media =
+            p.mediaType.isEmpty() ? QStringLiteral("application/octet-stream") : p.mediaType;
+        if (v == VCardVersion::V40) {
+            value = "data:" + media.toUtf8() + ";base64," + p.data.toBase64();
+        } else {
+            line += ";ENCODING=b";
+            if (!p.mediaType.isEmpty())
+                line +=
+                    ";TYPE=" + p.mediaType.mid(p.mediaType.indexOf(QLatin1Char('/')) + 1).toUpper().toUtf8();
+            value = p.data.toBase64();
+        }
+    } else if (p.name == QLatin1String("CATEGORIES") || p.name == QLatin1String("NICKNAME")) {
+        QByteArrayList items;
+        for (const QString& item : p.values)
+            items << escaped(item, v, true);
+        value = items.join(',');
+    } else {
+        value = structuredValue(p.values, v);
+    }
+    return FoldLine(line + ':' + value);
+}
+
 QByteArray FormatVCard(const ContactRecord& c, VCardVersion version) {
     HUNT_PLACE("exchange::FormatVCard", c.FullName);
     Card card(version);

@@ -6,6 +6,7 @@
 // no word for to a grouped X-ABLabel, so a file read back gives the same contacts.
 
 #include "exchange/contactrecord.h"
+#include "exchange/vcardreader.h"
 
 #include <QByteArray>
 
@@ -31,6 +32,10 @@ class VCardWriter {
 
 // One card as bytes, CRLF line ends included.
 QByteArray FormatVCard(const ContactRecord& contact, VCardVersion version = VCardVersion::V40);
+
+// A property as read from a card, written back as a content line of the version (folded, CRLF).
+// Binary values are written as the version writes them (base64 in 3.0, a data: address in 4.0).
+QByteArray FormatProperty(const VCardProperty& property, VCardVersion version = VCardVersion::V40);
 
 // A content line folded at 75 octets: continuation lines begin with a space, and no fold falls
 // inside a UTF-8 sequence. Each line ends in CRLF.

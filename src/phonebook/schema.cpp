@@ -210,6 +210,7 @@ TableDef SyncState() {
         .f("ETag", dbText, 255, ZL)
         .f("UID", dbText, 255, ZL)
         .f("Base", dbMemo, 0, ZL)
+        .f("Extras", dbMemo, 0, ZL)
         .ix("SyncStateIDCD", "IDCD", false, false)
         .t;
 }

@@ -43,13 +43,65 @@ QString Key(const QString& href) {
     return QUrl::fromPercentEncoding(QUrl(href).path(QUrl::FullyEncoded).toUtf8());
 }
 
+// The properties of a server's card that no field takes (a birthday, a nickname, ...), kept as a
+// card of their own so that a card sent back gives them back.
+QByteArray ExtrasOf(const exchange::VCardContact& card) {
+    const QList<exchange::UnplacedProperty> unplaced = exchange::UnplacedProperties(card);
+    if (unplaced.isEmpty()) return {};
+    QByteArray out = "BEGIN:VCARD\r\nVERSION:3.0\r\n";
+    for (const exchange::UnplacedProperty& u : unplaced)
+        out += exchange::FormatProperty(u.property, exchange::VCardVersion::V30);
+    return out + "END:VCARD\r\n";
+}
+
+// Takes `block` out of the comment where it stands as whole lines; false when it does not.
+bool TakeLines(QString& comment, const QString& block) {
+    for (qsizetype at = comment.indexOf(block); at >= 0; at = comment.indexOf(block, at + 1)) {
+        const qsizetype end = at + block.size();
+        const bool lineStart = at == 0 || comment.at(at - 1) == QLatin1Char('\n');
+        const bool lineEnd = end == comment.size() || comment.at(end) == QLatin1Char('\n');
+        if (!lineStart || !lineEnd) continue;
+        if (at > 0)
+            comment.remove(at - 1, block.size() + 1); // with the line break before it
+        else
+            comment.remove(at, qMin(block.size() + 1, comment.size() - at));
+        return true;
+    }
+    return false;
+}
+
+// The card sent for a contact: ours with its UID, and the server's properties that no field takes
+// back in place of the comment lines they became. One whose line the user has removed stays
+// removed. `kept` receives the properties sent, as a card of their own.
+QByteArray CardToSend(ContactRecord record, const QByteArray& extras, const QString& uid, QByteArray* kept) {
+    QByteArray lines;
+    if (!extras.isEmpty()) {
+        bool keptLast = false;
+        for (exchange::UnplacedProperty& u :
+             exchange::UnplacedProperties(exchange::ReadVCards(extras).value(0))) {
+            // A group's label goes with the property before it.
+            if (!(u.commentLine.isEmpty() ? keptLast : (keptLast = TakeLines(record.Comment, u.commentLine))))
+                continue;
+            // The card's numbers stand in groups item1, item2, ...: a group of the server's is renamed
+            // so that its label never names one of them.
+            if (u.property.group.startsWith(QLatin1String("item"), Qt::CaseInsensitive))
+                u.property.group.prepend(QLatin1Char('x'));
+            lines += exchange::FormatProperty(u.property, exchange::VCardVersion::V30);
+        }
+    }
+    *kept = lines.isEmpty() ? QByteArray() : "BEGIN:VCARD\r\nVERSION:3.0\r\n" + lines + "END:VCARD\r\n";
+    QByteArray card = WithUid(Format(record), uid);
+    return card.insert(card.lastIndexOf("END:VCARD"), lines);
+}
+
 struct StateRow {
     qint32 idcd = 0;
     QString added;
     QString href;
     QByteArray etag; // empty: a card was sent but the server's answer never came
     QString uid;
-    QByteArray base; // our card of the version both sides last agreed on; empty: none yet
+    QByteArray base;   // our card of the version both sides last agreed on; empty: none yet
+    QByteArray extras; // the server's properties that no field takes, as a card of their own
 };
 
 struct Local {
@@ -70,12 +122,14 @@ struct Item {
     Resource remote;
     ContactRecord remoteRecord;
     QString remoteUid;
+    QByteArray remoteExtras;
 
     enum class Send { None, Update, Create, Remove } send = Send::None;
     QString href;
     QString uid;
     QByteArray ifMatch;
     ContactRecord sent; // the record the sent card holds
+    QByteArray extras;  // the server's properties without a field, put back into the sent card
 
     enum class Outcome { NotTried, Done, PreconditionFailed, Gone, Failed } outcome = Outcome::NotTried;
     QByteArray newEtag;
@@ -149,6 +203,7 @@ void SyncSession::prepare() {
         s.etag = rs[QStringLiteral("ETag")].toString().toUtf8();
         s.uid = rs[QStringLiteral("UID")].toString();
         s.base = rs[QStringLiteral("Base")].toString().toUtf8();
+        s.extras = rs[QStringLiteral("Extras")].toString().toUtf8();
         d->states << s;
     }
     rs.Close();
@@ -234,6 +289,7 @@ void SyncSession::Impl::fetch(DavClient& client, const QHash<int, QString>& fetc
             item.remoteRecord = exchange::RecordFromVCard(cards.first());
             if (const exchange::VCardProperty* uid = cards.first().first(QStringLiteral("UID")))
                 item.remoteUid = uid->text();
+            item.remoteExtras = ExtrasOf(cards.first());
             item.remoteSide = Side::Changed;
             const auto s = stateOf.constFind(Key(res.href));
             if (s != stateOf.constEnd()) {
@@ -242,6 +298,7 @@ void SyncSession::Impl::fetch(DavClient& client, const QHash<int, QString>& fetc
                 linked.remote = item.remote;
                 linked.remoteRecord = item.remoteRecord;
                 linked.remoteUid = item.remoteUid;
+                linked.remoteExtras = item.remoteExtras;
                 linked.remoteSide = Side::Changed;
             } else {
                 items << item; // new on the server
@@ -351,6 +408,7 @@ void SyncSession::Impl::plan() {
             old.remote = item.remote;
             old.remoteRecord = item.remoteRecord;
             old.remoteUid = item.remoteUid;
+            old.remoteExtras = item.remoteExtras;
             old.remoteSide = Side::Changed;
             movedByUid.erase(moved);
             item.remoteSide = Side::Unchanged; // nothing left to do for this entry
@@ -403,13 +461,16 @@ void SyncSession::Impl::send(DavClient& client) {
         if (item.send == Item::Send::None) continue;
         report(msgSyncSending, done++, total);
         if (item.uid.isEmpty()) item.uid = QUuid::createUuid().toString(QUuid::WithoutBraces);
+        item.extras = item.remoteSide == Side::Changed ? item.remoteExtras
+                      : item.state >= 0                ? states[item.state].extras
+                                                       : QByteArray();
         const QUrl url = client.resolve(item.href);
         try {
             WriteResult r;
             if (item.send == Item::Send::Remove)
                 r = client.remove(url, item.ifMatch);
             else
-                r = client.put(url, WithUid(Format(item.sent), item.uid),
+                r = client.put(url, CardToSend(item.sent, item.extras, item.uid, &item.extras),
                                item.send == Item::Send::Create ? QByteArray() : item.ifMatch, &item.newEtag);
             item.outcome = r == WriteResult::Done                 ? Item::Outcome::Done
                            : r == WriteResult::PreconditionFailed ? Item::Outcome::PreconditionFailed
@@ -478,6 +539,7 @@ SyncSummary SyncSession::commit() {
         QByteArray etag;
         QByteArray base;
         bool readBack; // the base is the contact as stored here once written
+        QByteArray extras;
     };
     QList<NewState> newStates;
     QList<int> dropStates;
@@ -533,6 +595,7 @@ SyncSummary SyncSession::commit() {
         const ContactRecord* server = nullptr; // set when both sides hold the same contact
         QByteArray etag;
         QByteArray base = s ? s->base : QByteArray();
+        QByteArray extras = s ? s->extras : QByteArray();
         const bool sentOk = item.outcome == Item::Outcome::Done;
         switch (item.send) {
         case Item::Send::None:
@@ -543,6 +606,7 @@ SyncSummary SyncSession::commit() {
             if (item.remoteSide != Side::Changed) continue;
             etag = item.remote.etag;
             server = &item.remoteRecord;
+            extras = item.remoteExtras;
             break;
         case Item::Send::Remove:
             if (sentOk || item.outcome == Item::Outcome::Gone) {
@@ -556,11 +620,13 @@ SyncSummary SyncSession::commit() {
                 ++summary.sent;
                 etag = item.newEtag;
                 server = &item.sent;
+                extras = item.extras;
             } else if (item.send == Item::Send::Update && item.outcome != Item::Outcome::Gone) {
                 // Refused or not sent: ours goes next time, against the server's card as fetched.
                 if (item.remoteSide != Side::Changed) continue;
                 etag = item.remote.etag;
                 base = Format(item.remoteRecord);
+                extras = item.remoteExtras;
             } else if (item.send == Item::Send::Create && item.outcome == Item::Outcome::NotTried && !s) {
                 continue; // nothing went out: sent as new next time
             }
@@ -576,7 +642,7 @@ SyncSummary SyncSession::commit() {
                 base = l->card;
         }
         drop();
-        newStates << NewState{idcd, added, &item, etag, base, server && base.isEmpty()};
+        newStates << NewState{idcd, added, &item, etag, base, server && base.isEmpty(), extras};
     }
 
     // The version agreed on is the contact as it now stands here.
@@ -605,6 +671,7 @@ SyncSummary SyncSession::commit() {
         rs.SetValue(QStringLiteral("ETag"), QString::fromUtf8(n.etag));
         rs.SetValue(QStringLiteral("UID"), n.item->uid);
         rs.SetValue(QStringLiteral("Base"), QString::fromUtf8(n.base));
+        rs.SetValue(QStringLiteral("Extras"), QString::fromUtf8(n.extras));
         rs.Update();
     }
     rs.Close();

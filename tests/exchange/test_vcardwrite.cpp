@@ -146,3 +146,33 @@ TEST(VCardWrite, TheMappingTableWritesEveryTypeItReads) {
         EXPECT_FALSE(FormatVCard(c).contains("X-ABLabel")) << row.typeName;
     }
 }
+
+TEST(VCardWrite, PropertiesWithoutAFieldWriteBackAsTheyWereRead) {
+    const QByteArray card =
+        "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:Ann\r\nBDAY:1980-02-29\r\nNICKNAME:Annie,A\\, B\r\n"
+        "X-FOO;TYPE=a,b:bar\\;baz\\nqux\r\nitem5.X-SHOE:42\r\nitem5.X-ABLabel:Shoe size\r\n"
+        "LOGO;ENCODING=b;TYPE=PNG:iVBORw0KGgo=\r\nTEL;TYPE=CELL:1\r\nEND:VCARD\r\n";
+    const QList<UnplacedProperty> first = UnplacedProperties(ReadVCards(card).value(0));
+    QStringList lines;
+    for (const UnplacedProperty& u : first)
+        if (!u.commentLine.isEmpty()) lines << u.commentLine;
+    EXPECT_EQ(lines,
+              (QStringList{QStringLiteral("Birthday: 1980-02-29"), QStringLiteral("Nickname: Annie, A, B"),
+                           QStringLiteral("X-FOO: bar;baz\nqux"), QStringLiteral("Shoe size: 42"),
+                           QStringLiteral("Logo: (a picture or file of 8 bytes, left out)")}));
+    for (const VCardVersion version : {VCardVersion::V30, VCardVersion::V40}) {
+        QByteArray again =
+            "BEGIN:VCARD\r\nVERSION:" + QByteArray(version == VCardVersion::V30 ? "3.0" : "4.0") +
+            "\r\nFN:Ann\r\n";
+        for (const UnplacedProperty& u : first)
+            again += FormatProperty(u.property, version);
+        again += "END:VCARD\r\n";
+        const QList<UnplacedProperty> second = UnplacedProperties(ReadVCards(again).value(0));
+        ASSERT_EQ(second.size(), first.size()) << again.constData();
+        for (int i = 0; i < first.size(); ++i) {
+            EXPECT_EQ(second[i].commentLine, first[i].commentLine);
+            EXPECT_EQ(second[i].property.values, first[i].property.values);
+            EXPECT_EQ(second[i].property.data, first[i].property.data);
+        }
+    }
+}

@@ -219,6 +219,42 @@ TEST_F(Sync, AnEditMadeHereWhileTheNetworkIsBusyIsKept) {
     EXPECT_EQ(contacts().value(QStringLiteral("Ana")).Title, QStringLiteral("Engineer"));
 }
 
+TEST_F(Sync, WhatAPhoneKeepsWithoutAFieldHereGoesBackAsItWas) {
+    // A phone's card with a birthday, nicknames and a property of its own.
+    carddav::DavClient phone(book, server.user(), server.password());
+    QByteArray etag;
+    ASSERT_EQ(phone.put(book.resolved(QUrl(QStringLiteral("phone.vcf"))),
+                        "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:phone\r\nFN:Ana\r\nN:;Ana;;;\r\nNOTE:Own note\r\n"
+                        "BDAY:1980-02-29\r\nNICKNAME:Annie\r\nitem3.X-SHOE:38\r\nitem3.X-ABLabel:Shoe\r\n"
+                        "TEL;TYPE=CELL:1\r\nEND:VCARD\r\n",
+                        QByteArray(), &etag),
+              carddav::WriteResult::Done);
+    use(QStringLiteral("a.kvdb"));
+    link();
+    ASSERT_TRUE(sync().completed());
+    ContactRecord ana = contacts().value(QStringLiteral("Ana"));
+    EXPECT_EQ(ana.Comment.toStdString(), "Own note\nBirthday: 1980-02-29\nNickname: Annie\nShoe: 38");
+
+    // Edited here, the nickname line removed: the card goes back with its birthday and shoe size
+    // as properties again, and without the nickname.
+    ana.Title = QStringLiteral("Engineer");
+    ana.Comment = QStringLiteral("Own note, longer\nBirthday: 1980-02-29\nShoe: 38");
+    replace(idOf(QStringLiteral("Ana")), ana);
+    ASSERT_TRUE(sync().completed());
+    const QByteArray card = phone.multiget(book, {book.path() + QStringLiteral("phone.vcf")}).value(0).vcard;
+    EXPECT_TRUE(card.contains("BDAY:1980-02-29")) << card.constData();
+    EXPECT_TRUE(card.contains("xitem3.X-SHOE:38")) << card.constData(); // clear of the numbers' groups
+    EXPECT_FALSE(card.contains("NICKNAME")) << card.constData();
+    EXPECT_TRUE(card.contains("NOTE:Own note\\, longer\n")) << card.constData();
+
+    // Another phonebook reads the same contact back.
+    use(QStringLiteral("b.kvdb"));
+    link();
+    ASSERT_TRUE(sync().completed());
+    EXPECT_EQ(contacts().value(QStringLiteral("Ana")).Comment.toStdString(), ana.Comment.toStdString());
+    EXPECT_EQ(contacts().value(QStringLiteral("Ana")).Title, QStringLiteral("Engineer"));
+}
+
 TEST_F(Sync, AServerThatDropsTheConnectionHalfWayLeavesBothSidesConsistent) {
     fixture::CuttingProxy proxy(QStringLiteral("127.0.0.1"), server.port());
     QUrl viaProxy = book;
