@@ -1,6 +1,7 @@
 // The vCard reader on any bytes. Every card it gives maps onto a contact, and that contact,
 // written as vCard 4.0 and 3.0 and read again, must come back field for field from a card with
-// no problem: whatever the reader makes of its input, the writer can say.
+// no problem: whatever the reader makes of its input, the writer can say. The properties no field
+// takes, written back one by one, must read as the same lines of the comment.
 #include "core/language.h"
 #include "exchange/vcardmap.h"
 #include "exchange/vcardreader.h"
@@ -63,6 +64,28 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
             // 3.0 parameters cannot carry every character of an odd photo extension.
             if (version == VCardVersion::V30) back.PhotoExt = contact.PhotoExt;
             if (back != contact) fail(contact, written, &back);
+        }
+        // What no field takes, written back as properties, reads as the same comment lines.
+        QList<UnplacedProperty> unplaced;
+        QByteArray extras = "BEGIN:VCARD\r\nVERSION:3.0\r\n";
+        for (const UnplacedProperty& u : UnplacedProperties(card)) {
+            const QByteArray line = FormatProperty(u.property, VCardVersion::V30);
+            if (line.isEmpty()) continue; // a name no line can carry
+            extras += line;
+            unplaced << u;
+        }
+        extras += "END:VCARD\r\n";
+        const QList<UnplacedProperty> again = UnplacedProperties(ReadVCards(extras).value(0));
+        bool same = again.size() == unplaced.size();
+        for (qsizetype i = 0; same && i < again.size(); ++i)
+            same = again[i].commentLine == unplaced[i].commentLine;
+        if (!same) {
+            for (const UnplacedProperty& u : unplaced)
+                std::fprintf(stderr, "unplaced: %s\n", qPrintable(u.commentLine));
+            for (const UnplacedProperty& u : again)
+                std::fprintf(stderr, "again: %s\n", qPrintable(u.commentLine));
+            std::fprintf(stderr, "written:\n%s\n", extras.constData());
+            std::abort();
         }
     }
     return 0;

@@ -5,6 +5,7 @@
 
 #include <QHash>
 #include <QIODevice>
+#include <algorithm>
 
 namespace exchange {
 
@@ -215,12 +216,27 @@ QByteArray FoldLine(const QByteArray& line) {
     return out;
 }
 
+// True for a name a content line may carry: letters, digits and "-".
+bool IsToken(const QString& name) {
+    return !name.isEmpty() && std::all_of(name.cbegin(), name.cend(), [](QChar c) {
+        return (c >= QLatin1Char('a') && c <= QLatin1Char('z')) ||
+               (c >= QLatin1Char('A') && c <= QLatin1Char('Z')) ||
+               (c >= QLatin1Char('0') && c <= QLatin1Char('9')) || c == QLatin1Char('-');
+    });
+}
+
 QByteArray FormatProperty(const VCardProperty& p, VCardVersion v) {
+    // A name the reader let through but no content line can carry is left out, as is the property
+    // when its own name is one, or so long that the line would fold inside it (a folded piece
+    // without ":" reads as more of a base64 value before it).
+    if (!IsToken(p.name) || (!p.group.isEmpty() && !IsToken(p.group)) || p.group.size() + p.name.size() > 60)
+        return {};
     QByteArray line = p.group.isEmpty() ? QByteArray() : p.group.toUtf8() + '.';
     line += p.name.toUtf8();
     for (const VCardParameter& parameter : p.parameters) {
         // How the value is coded is said anew below.
-        if (parameter.name == QLatin1String("ENCODING") || parameter.name == QLatin1String("CHARSET") ||
+        if (!IsToken(parameter.name) || parameter.name == QLatin1String("ENCODING") ||
+            parameter.name == QLatin1String("CHARSET") ||
             (p.isBinary() && (parameter.name == QLatin1String("VALUE") ||
                               (v == VCardVersion::V30 && parameter.name == QLatin1String("TYPE")))))
             continue;

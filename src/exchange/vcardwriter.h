@@ -35,6 +35,8 @@ QByteArray FormatVCard(const ContactRecord& contact, VCardVersion version = VCar
 
 // A property as read from a card, written back as a content line of the version (folded, CRLF).
 // Binary values are written as the version writes them (base64 in 3.0, a data: address in 4.0).
+// Empty for a property whose name or group is no name a line can carry (letters, digits, "-", and
+// together no longer than 60).
 QByteArray FormatProperty(const VCardProperty& property, VCardVersion version = VCardVersion::V40);
 
 // A content line folded at 75 octets: continuation lines begin with a space, and no fold falls
