@@ -79,14 +79,17 @@ QByteArray CardToSend(ContactRecord record, const QByteArray& extras, const QStr
         bool keptLast = false;
         for (exchange::UnplacedProperty& u :
              exchange::UnplacedProperties(exchange::ReadVCards(extras).value(0))) {
-            // A group's label goes with the property before it.
-            if (!(u.commentLine.isEmpty() ? keptLast : (keptLast = TakeLines(record.Comment, u.commentLine))))
-                continue;
             // The card's numbers stand in groups item1, item2, ...: a group of the server's is renamed
             // so that its label never names one of them.
             if (u.property.group.startsWith(QLatin1String("item"), Qt::CaseInsensitive))
                 u.property.group.prepend(QLatin1Char('x'));
-            lines += exchange::FormatProperty(u.property, exchange::VCardVersion::V30);
+            const QByteArray line = exchange::FormatProperty(u.property, exchange::VCardVersion::V30);
+            if (u.commentLine.isEmpty()) { // a group's label goes with the property before it
+                if (keptLast) lines += line;
+                continue;
+            }
+            keptLast = !line.isEmpty() && TakeLines(record.Comment, u.commentLine);
+            if (keptLast) lines += line;
         }
     }
     *kept = lines.isEmpty() ? QByteArray() : "BEGIN:VCARD\r\nVERSION:3.0\r\n" + lines + "END:VCARD\r\n";
