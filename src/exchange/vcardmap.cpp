@@ -188,9 +188,10 @@ QList<UnplacedProperty> UnplacedProperties(const VCardContact& card) {
     QHash<QString, QString> groupLabels;
     QHash<QString, const VCardProperty*> labelLines;
     for (const VCardProperty& p : card.properties)
-        if (p.name == QLatin1String("X-ABLABEL") && !p.group.isEmpty()) {
+        // The label that names the group's property in the comment, and the line that says it.
+        if (p.name == QLatin1String("X-ABLABEL") && !p.group.isEmpty() && !isSystemLabel(p.text())) {
             labelLines.insert(p.group, &p);
-            if (!isSystemLabel(p.text())) groupLabels.insert(p.group, p.text());
+            groupLabels.insert(p.group, p.text());
         }
     QList<UnplacedProperty> unplaced;
     for (const VCardProperty& p : card.properties) {

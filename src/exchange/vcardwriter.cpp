@@ -234,8 +234,15 @@ QByteArray FormatProperty(const VCardProperty& p, VCardVersion v) {
     QByteArray line = p.group.isEmpty() ? QByteArray() : p.group.toUtf8() + '.';
     line += p.name.toUtf8();
     for (const VCardParameter& parameter : p.parameters) {
-        // How the value is coded is said anew below.
-        if (!IsToken(parameter.name) || parameter.name == QLatin1String("ENCODING") ||
+        // How the value is coded is said anew below; a value that names a coding would be read as
+        // one (2.1 writes them bare).
+        const bool namesCoding =
+            std::any_of(parameter.values.cbegin(), parameter.values.cend(), [](const QString& v) {
+                return v.contains(QLatin1String("QUOTED-PRINTABLE"), Qt::CaseInsensitive) ||
+                       v.compare(QLatin1String("BASE64"), Qt::CaseInsensitive) == 0 ||
+                       v.compare(QLatin1String("B"), Qt::CaseInsensitive) == 0;
+            });
+        if (namesCoding || !IsToken(parameter.name) || parameter.name == QLatin1String("ENCODING") ||
             parameter.name == QLatin1String("CHARSET") ||
             (p.isBinary() && (parameter.name == QLatin1String("VALUE") ||
                               (v == VCardVersion::V30 && parameter.name == QLatin1String("TYPE")))))

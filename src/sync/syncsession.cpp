@@ -70,26 +70,42 @@ bool TakeLines(QString& comment, const QString& block) {
     return false;
 }
 
+// True when a property's lines (with its group's label), alone on a card, read as this comment line.
+bool ReadsBackAs(const QByteArray& line, const QString& commentLine) {
+    const QList<exchange::UnplacedProperty> back = exchange::UnplacedProperties(
+        exchange::ReadVCards("BEGIN:VCARD\r\nVERSION:3.0\r\n" + line + "END:VCARD\r\n").value(0));
+    return !back.isEmpty() && back.first().commentLine == commentLine;
+}
+
 // The card sent for a contact: ours with its UID, and the server's properties that no field takes
 // back in place of the comment lines they became. One whose line the user has removed stays
 // removed. `kept` receives the properties sent, as a card of their own.
 QByteArray CardToSend(ContactRecord record, const QByteArray& extras, const QString& uid, QByteArray* kept) {
     QByteArray lines;
     if (!extras.isEmpty()) {
-        bool keptLast = false;
-        for (exchange::UnplacedProperty& u :
-             exchange::UnplacedProperties(exchange::ReadVCards(extras).value(0))) {
-            // The card's numbers stand in groups item1, item2, ...: a group of the server's is renamed
-            // so that its label never names one of them.
-            if (u.property.group.startsWith(QLatin1String("item"), Qt::CaseInsensitive))
-                u.property.group.prepend(QLatin1Char('x'));
-            const QByteArray line = exchange::FormatProperty(u.property, exchange::VCardVersion::V30);
-            if (u.commentLine.isEmpty()) { // a group's label goes with the property before it
-                if (keptLast) lines += line;
-                continue;
+        QList<exchange::UnplacedProperty> unplaced =
+            exchange::UnplacedProperties(exchange::ReadVCards(extras).value(0));
+        for (qsizetype i = 0; i < unplaced.size(); ++i) {
+            if (unplaced[i].commentLine.isEmpty()) continue; // a label, taken with its property
+            // The property with its group's label, which stands right after it when it has one.
+            QByteArray line;
+            for (qsizetype k = i; k < unplaced.size() && (k == i || unplaced[k].commentLine.isEmpty()); ++k) {
+                exchange::VCardProperty p = unplaced[k].property;
+                // The card's numbers stand in groups item1, item2, ...: a group of the server's is
+                // renamed so that its label never names one of them.
+                if (p.group.startsWith(QLatin1String("item"), Qt::CaseInsensitive))
+                    p.group.prepend(QLatin1Char('x'));
+                const QByteArray one = exchange::FormatProperty(p, exchange::VCardVersion::V30);
+                if (one.isEmpty()) {
+                    line.clear();
+                    break;
+                }
+                line += one;
             }
-            keptLast = !line.isEmpty() && TakeLines(record.Comment, u.commentLine);
-            if (keptLast) lines += line;
+            // Only lines that read back as the same comment line take its place.
+            if (!line.isEmpty() && ReadsBackAs(line, unplaced[i].commentLine) &&
+                TakeLines(record.Comment, unplaced[i].commentLine))
+                lines += line;
         }
     }
     *kept = lines.isEmpty() ? QByteArray() : "BEGIN:VCARD\r\nVERSION:3.0\r\n" + lines + "END:VCARD\r\n";
