@@ -40,6 +40,12 @@ class SyncUi : public SyncTest {
         carddav::SetSecretStore(&m_store);
         use(QStringLiteral("a.kvdb"));
     }
+    // One contact, the phonebook linked, the password in the store.
+    void linkOneContact() {
+        add(Named(QStringLiteral("Ana"), QStringLiteral("1")));
+        link();
+        m_secrets.insert(carddav::SecretKey(carddav::LoadAccount()), server.password());
+    }
     void TearDown() override {
         carddav::SetSecretStore(nullptr);
         SyncTest::TearDown();
@@ -87,9 +93,7 @@ TEST_F(SyncUi, SettingsFindTheAddressBooksAndLinkThePhonebook) {
 }
 
 TEST_F(SyncUi, ASyncRunsBesideTheWindowAndShowsItsResult) {
-    add(Named(QStringLiteral("Ana"), QStringLiteral("1")));
-    link();
-    m_secrets.insert(carddav::SecretKey(carddav::LoadAccount()), server.password());
+    linkOneContact();
     QMainWindow window;
     carddav::SyncController controller(&window, window.statusBar());
     QSignalSpy finished(&controller, &carddav::SyncController::finished);
@@ -112,9 +116,7 @@ TEST_F(SyncUi, ASyncRunsBesideTheWindowAndShowsItsResult) {
 }
 
 TEST_F(SyncUi, WhatASyncBringsWaitsWhileAModalWindowIsOpen) {
-    add(Named(QStringLiteral("Ana"), QStringLiteral("1")));
-    link();
-    m_secrets.insert(carddav::SecretKey(carddav::LoadAccount()), server.password());
+    linkOneContact();
     QMainWindow window;
     carddav::SyncController controller(&window, window.statusBar());
     QSignalSpy finished(&controller, &carddav::SyncController::finished);
