@@ -241,30 +241,25 @@ void WritePhoto(dao::Recordset& rs, const ContactRecord& r, QStringList& notes) 
     rs.SetValue(QStringLiteral("PhotoSize"), double(file.size()));
 }
 
-// Writes every field of a record into a row in AddNew or Edit: the tree places, the card's
-// fields, the number rows (left empty past the record's) and the photo.
+// Writes every field of a record into a row: the tree places, the label, the texts, the number
+// rows and the photo. A new row (AddNew) is Null wherever nothing is set, so only what the record
+// fills is written; a row being edited has every field set, emptied where the record has none.
 void WriteRecord(dao::Recordset& rs, const ContactRecord& r, TypeTable& types,
-                 std::array<TreeTable, 3>& trees, QStringList& notes, bool clearPhoto) {
+                 std::array<TreeTable, 3>& trees, QStringList& notes, bool newRow) {
     rs.SetValue(QStringLiteral("IDC"), r.CategoryPath.isEmpty() ? 1 : trees[0].node(r.CategoryPath));
     rs.SetValue(QStringLiteral("IDX"), r.GroupPath.isEmpty() ? 1 : trees[1].node(r.GroupPath));
     rs.SetValue(QStringLiteral("IDB"), r.Favorite ? trees[2].node(r.FavoritePath) : -1);
-    mCard::CardFields fields;
-    fields.Label = mCard::LabelOfCaption(mCard::LetterCaption(r.FullName, r.Company));
-    fields.FullName = TextOrNull(r.FullName);
-    fields.Title = TextOrNull(r.Title);
-    fields.Company = TextOrNull(r.Company);
-    fields.Address = TextOrNull(r.Address);
-    fields.City = TextOrNull(r.City);
-    fields.State = TextOrNull(r.State);
-    fields.Zip = TextOrNull(r.Zip);
-    fields.Comment = TextOrNull(r.Comment);
-    for (int n = 1; n <= exchange::kNumberRows && n <= r.Numbers.size(); ++n) {
-        const NumberRow& row = r.Numbers[n - 1];
-        fields.Type[size_t(n)] = row.type.isEmpty() ? QVariant() : QVariant(types.id(row.type));
-        fields.Number[size_t(n)] = TextOrNull(row.value);
+    rs.SetValue(QStringLiteral("Label"), mCard::LabelOfCaption(mCard::LetterCaption(r.FullName, r.Company)));
+    for (int f = 0; f < 8; ++f)
+        if (const QString& text = r.*kTextMembers[f]; !text.isEmpty() || !newRow)
+            rs.SetValue(QLatin1String(kTextFields[f]), TextOrNull(text));
+    for (int n = 0; n < exchange::kNumberRows; ++n) {
+        const NumberRow row = r.Numbers.value(n);
+        if (!row.type.isEmpty() || !newRow)
+            rs.SetValue(kTypeColumns[n], row.type.isEmpty() ? QVariant() : QVariant(types.id(row.type)));
+        if (!row.value.isEmpty() || !newRow) rs.SetValue(kNumberColumns[n], TextOrNull(row.value));
     }
-    mCard::WriteCardFields(rs, fields);
-    if (clearPhoto && r.Photo.isEmpty()) {
+    if (!newRow && r.Photo.isEmpty()) {
         rs.SetValue(QStringLiteral("Photo"), QVariant());
         rs.SetValue(QStringLiteral("PhotoExt"), QVariant());
         rs.SetValue(QStringLiteral("PhotoSize"), QVariant());
@@ -383,24 +378,10 @@ ImportSummary ImportRecords(const QList<ContactRecord>& records, const ImportOpt
         const qint32 id = nextId++;
         rs.SetValue(QStringLiteral("IDCD"), id);
         rs.SetValue(QStringLiteral("ContactNumber"), nextNumber++);
-        rs.SetValue(QStringLiteral("IDC"), r.CategoryPath.isEmpty() ? 1 : trees[0].node(r.CategoryPath));
-        rs.SetValue(QStringLiteral("IDX"), r.GroupPath.isEmpty() ? 1 : trees[1].node(r.GroupPath));
-        rs.SetValue(QStringLiteral("IDB"), r.Favorite ? trees[2].node(r.FavoritePath) : -1);
-        // A new row is Null wherever nothing is set: only the fields the record fills are written.
-        rs.SetValue(QStringLiteral("Label"),
-                    mCard::LabelOfCaption(mCard::LetterCaption(r.FullName, r.Company)));
-        for (int f = 0; f < 8; ++f)
-            if (const QString& text = r.*kTextMembers[f]; !text.isEmpty())
-                rs.SetValue(QLatin1String(kTextFields[f]), text);
+        WriteRecord(rs, r, types, trees, summary.notes, true);
         Known entry{id, {}};
-        for (int n = 0; n < exchange::kNumberRows && n < r.Numbers.size(); ++n) {
-            const NumberRow& row = r.Numbers[n];
-            if (!row.type.isEmpty()) rs.SetValue(kTypeColumns[n], types.id(row.type));
-            if (row.value.isEmpty()) continue;
-            rs.SetValue(kNumberColumns[n], row.value);
-            entry.numbers.insert(NormalNumber(row.value));
-        }
-        WritePhoto(rs, r, summary.notes);
+        for (const NumberRow& row : r.Numbers.mid(0, exchange::kNumberRows))
+            if (!row.value.isEmpty()) entry.numbers.insert(NormalNumber(row.value));
         rs.Update();
         if (options.checkDuplicates) known.insert(NormalName(r.FullName), entry);
         ++summary.imported;
@@ -664,7 +645,7 @@ qint32 RecordWriter::add(const ContactRecord& r, QString* added, QStringList* no
     rs.SetValue(QStringLiteral("IDCD"), id);
     rs.SetValue(QStringLiteral("ContactNumber"), d->nextNumber++);
     rs.SetValue(QStringLiteral("DateScan"), now);
-    WriteRecord(rs, r, d->types, d->trees, notes ? *notes : ignored, false);
+    WriteRecord(rs, r, d->types, d->trees, notes ? *notes : ignored, true);
     rs.Update();
     rs.Close();
     if (added) *added = AddedText(now);
@@ -677,12 +658,7 @@ bool RecordWriter::replace(qint32 idcd, const ContactRecord& r, QStringList* not
     dao::Recordset rs = gDB.OpenRecordset(QStringLiteral("SELECT * FROM CDs WHERE IDCD = %1").arg(idcd));
     if (rs.AtEOF()) return false;
     rs.Edit();
-    WriteRecord(rs, r, d->types, d->trees, notes ? *notes : ignored, true);
-    // Number rows the record no longer has are emptied.
-    for (int n = int(r.Numbers.size()) + 1; n <= exchange::kNumberRows; ++n) {
-        rs.SetValue(Col("Type", n), QVariant());
-        rs.SetValue(Col("Number", n), QVariant());
-    }
+    WriteRecord(rs, r, d->types, d->trees, notes ? *notes : ignored, false);
     rs.Update();
     rs.Close();
     return true;
